@@ -1,0 +1,53 @@
+#pragma once
+
+#include <limits>
+
+/// The fixed tolerances of the kernel. There is no settable tolerance: an operation takes its own
+/// as an argument or uses one of these. Lengths are in drawing units, angles in radians.
+namespace qdr {
+
+/// Equality of vectors, matrices and curves; the length up to which normalising leaves a vector
+/// alone; the dx below which a mirror line counts as vertical.
+inline constexpr double kVectorTolerance = 0.001;
+
+/// Equality of 2D points by `==` and `!=`.
+inline constexpr double kPointTolerance = 1e-06;
+
+/// Equality of 3D points, and what callers pass to curve operations when they have nothing better:
+/// the single-precision epsilon.
+inline constexpr double kCurveTolerance = 1.1920928955078125e-07;
+
+/// Zero test of the segment intersection: the double-precision epsilon.
+inline constexpr double kSegmentTolerance = 2.220446049250313e-16;
+
+/// Margin in radians of the angle tests of arcs, and of sweeps taken as 0 or as a full turn.
+inline constexpr double kAngleTolerance = 0.001;
+
+/// A quadratic of a line and an arc whose leading coefficient is below this has no roots.
+inline constexpr double kQuadraticTolerance = 0.001;
+
+/// Distance within which ends of two circles that touch from outside count as one point.
+inline constexpr double kTouchTolerance = 0.001;
+
+/// Ratio of the cross product to the side lengths at which three points count as collinear.
+inline constexpr double kCollinearRatio = 1e-12;
+
+/// Magnitude of an angle from which whole turns are taken off by remainder, not by steps.
+inline constexpr double kHugeAngle = 1e6;
+
+/// Bulges up to this magnitude make a straight segment.
+inline constexpr double kBulgeTolerance = 0.001;
+
+/// Vertices nearer than this make a segment of no length.
+inline constexpr double kCoincidentTolerance = 0.001;
+
+/// Ends of chains nearer than this are joined; also the play of offset clipping.
+inline constexpr double kJoinTolerance = 0.002;
+
+/// Ends of an ellipse nearer than this make it a whole one.
+inline constexpr double kEllipseEndTolerance = 1e-07;
+
+static_assert(kCurveTolerance == std::numeric_limits<float>::epsilon());
+static_assert(kSegmentTolerance == std::numeric_limits<double>::epsilon());
+
+}  // namespace qdr
