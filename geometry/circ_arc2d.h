@@ -72,10 +72,11 @@ class QDR_API CQdrGeCircArc2d : public CQdrGeEntity2d {
   void setStartAngle(double angle);
   void setEndAngle(double angle);
 
-  CQdrGePoint2d center() const { return m_center; }
-  double radius() const { return m_radius; }
-  double startAng() const { return m_startAng; }
-  double endAng() const { return m_endAng; }
+  /// The stored fields themselves: a property sheet hands out their addresses.
+  const CQdrGePoint2d& center() const { return m_center; }
+  const double& radius() const { return m_radius; }
+  const double& startAng() const { return m_startAng; }
+  const double& endAng() const { return m_endAng; }
   CQdrGePoint2d startPoint() const { return pointAtAngle(m_startAng); }
   CQdrGePoint2d endPoint() const { return pointAtAngle(m_endAng); }
 

@@ -42,8 +42,9 @@ class QDR_API CQdrGeLine2d : public CQdrGeEntity2d {
     return set(start, start + v);
   }
 
-  CQdrGePoint2d startPoint() const { return m_start; }
-  CQdrGePoint2d endPoint() const { return m_end; }
+  /// The stored ends themselves: a property sheet hands out the addresses of their coordinates.
+  const CQdrGePoint2d& startPoint() const { return m_start; }
+  const CQdrGePoint2d& endPoint() const { return m_end; }
   void getPoints(CQdrGePoint2d& start, CQdrGePoint2d& end) const;
   CQdrGePoint2d midPoint() const;
 
