@@ -33,9 +33,11 @@ class QDR_API CQdrGeLine2d : public CQdrGeEntity2d {
   constexpr CQdrGeLine2d(const CQdrGeLine2d& line) : CQdrGeLine2d(line.m_start, line.m_end) {}
   CQdrGeLine2d& operator=(const CQdrGeLine2d& line) { return set(line.m_start, line.m_end); }
 
+  /// The points may be ends of this line.
   CQdrGeLine2d& set(const CQdrGePoint2d& start, const CQdrGePoint2d& end) {
+    const CQdrGePoint2d newEnd = end;
     m_start = start;
-    m_end = end;
+    m_end = newEnd;
     return *this;
   }
   CQdrGeLine2d& set(const CQdrGePoint2d& start, const CQdrGeVector2d& v) {
