@@ -15,6 +15,9 @@ class CQdrDbBlockTableIterator : public qdr::TypedTableIterator<CQdrDbBlockTable
 class QDR_API CQdrDbBlockTable
     : public qdr::TypedTable<CQdrDbBlockTableRecord, CQdrDbBlockTableIterator> {
  public:
+  static constexpr const wchar_t* kModelSpace = L"MODEL_SPACE";
+  static constexpr const wchar_t* kPaperSpace = L"PAPER_SPACE";
+
   explicit CQdrDbBlockTable(CQdrDbDatabase* database);
 
   /// Makes "PAPER_SPACE" if asked, and "MODEL_SPACE", which becomes current.
@@ -36,4 +39,7 @@ class QDR_API CQdrDbBlockTable
  protected:
   void onReplaced(CQdrDbTableRecord& from, CQdrDbTableRecord& to) override;
   void onRemoved(CQdrDbTableRecord& record) override;
+
+ private:
+  CQdrDbBlockTableRecord* addSpace(const wchar_t* name);
 };

@@ -57,6 +57,9 @@ class QDR_API CQdrDbBlockTableRecord : public CQdrDbTableRecord {
   std::set<CQdrDbObjectId>& getEntitySet() { return m_entitySet; }
   std::set<CQdrDbObjectId>& getAttDefSet() { return m_attDefSet; }
 
+  /// All entities that die with the block: erased ones, attribute definitions and those aside too.
+  std::vector<CQdrDbEntity*> ownedEntities() const;
+
   /// Deletes the entities that are not erased and empties the set; the erased ones stay aside. -1
   /// for an empty block, else 0.
   int ClearEntity();
@@ -79,7 +82,6 @@ class QDR_API CQdrDbBlockTableRecord : public CQdrDbTableRecord {
  private:
   std::set<CQdrDbObjectId>& setFor(const CQdrDbObjectId& id);
   void takeFromOtherBlock(const CQdrDbObjectId& id);
-  std::vector<CQdrDbEntity*> liveEntities() const;
 
   qdr::IdSet m_attDefSet;
   qdr::IdSet m_entitySet;

@@ -8,6 +8,7 @@
 #include "database/color_table.h"
 #include "database/entity_table.h"
 #include "database/file/drawing_blocks.h"
+#include "database/file/hard_id_map.h"
 #include "database/layer_table.h"
 #include "database/ltype_table.h"
 #include "database/object_id.h"
@@ -129,12 +130,19 @@ class QDR_API CQdrDbDatabase {
   /// null when there is none, and then nothing is drawn.
   CDC* screenDC();
 
+  /// Asks for a repaint of the current view, background included, if there is one.
+  void invalidateView();
+
   /// Takes entities that are about to be deleted out of everything that names them: indices,
   /// handlers, undo lists, hatches and inserts. Costs one walk of the undo lists for all of them.
   void forgetEntities(const std::vector<CQdrDbEntity*>& entities);
 
   /// True once destruction has begun. From then on nothing is taken out singly.
   bool isClosing() const { return m_closing; }
+
+  /// What the numbers of a file stand for while it is read.
+  qdr::HardIdMap& hardIds() { return m_hardIds; }
+  const qdr::HardIdMap& hardIds() const { return m_hardIds; }
 
   /// Keeps the buffer of the last paint for fast repaints; the earlier one goes.
   void setLastBuffer(std::shared_ptr<CQdrBuffDC> buffer) { m_lastBuffer = std::move(buffer); }
@@ -172,8 +180,13 @@ class QDR_API CQdrDbDatabase {
   std::int32_t m_reserved = 0;
 
  private:
+  void forgetInSets(CQdrDbEntity& entity);
+  void forgetInDisplays(const qdr::EntitySet& gone);
+  void forgetInKeepers(QdrDb::ClassType keeperClass, const qdr::EntitySet& gone);
+
   // Shared, because a shared owner needs no complete class here.
   std::shared_ptr<CQdrBuffDC> m_lastBuffer;
   CQdrDbEntityTracker* m_currentTracker = nullptr;
+  qdr::HardIdMap m_hardIds;
   bool m_closing = false;
 };

@@ -16,7 +16,7 @@ class CQdrDbEntity;
 namespace qdr {
 
 /// Entities that are about to be deleted.
-using EntitySet = std::unordered_set<const CQdrDbEntity*>;
+using EntitySet = std::unordered_set<const CQdrDbObject*>;
 
 /// The object as an entity; null for null and for tables and records.
 CQdrDbEntity* asEntity(CQdrDbObject* object);

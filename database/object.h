@@ -137,6 +137,9 @@ class QDR_API CQdrDbObject {
   };
   PropertySheet& sheet();
 
+  template <class Stream>
+  void headFields(Stream& stream);
+
   std::unique_ptr<PropertySheet> m_sheet;
 };
 

@@ -29,7 +29,7 @@ class QDR_API CQdrDbSymPoint : public CQdrGePoint2d {
   CQdrDbRect GetOutRect() const;
 
   /// 21 bytes: the point, then the pen mode.
-  void save(CFile* file) override;
+  void save(CFile* file) const override;
   void read(CFile* file) override;
 
  private:

@@ -29,5 +29,7 @@ class QDR_API CQdrDbDisplayTable
   void onRemoved(CQdrDbTableRecord& record) override;
 
  private:
+  void rebindBlocks(const CQdrDbTableRecord& from, CQdrDbDisplayTableRecord* to);
+
   CQdrDbDisplayTableRecord* m_previous = nullptr;
 };
