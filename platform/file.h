@@ -79,6 +79,8 @@ class QDR_API CFile {
  private:
   struct State;
 
+  void startReading(std::unique_ptr<IFileStream> stream);
+  void startWriting(std::unique_ptr<IFileStream> stream);
   unsigned readThrough(void* data, unsigned count);
   void writeThrough(const void* data, unsigned count);
   bool flush();
