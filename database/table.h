@@ -69,6 +69,9 @@ class QDR_API CQdrDbTable : public CQdrDbObject {
   /// An empty record for read to fill; null when the table reads none.
   virtual CQdrDbTableRecord* newRecord() { return nullptr; }
 
+  /// A record has entered the table.
+  virtual void onAdded(CQdrDbTableRecord&) {}
+
   /// Whatever names `from` follows to `to`. `from` is about to die; the database's undo list is
   /// taken care of.
   virtual void onReplaced(CQdrDbTableRecord& from, CQdrDbTableRecord& to);
