@@ -202,8 +202,7 @@ class QDR_API CQdrGeCircArc2d : public CQdrGeEntity2d {
  private:
   CQdrGePoint2d pointAtAngle(double angle) const;
   bool isWhole() const;
-  void setThroughPoints(const CQdrGePoint2d& p1, const CQdrGePoint2d& p2, const CQdrGePoint2d& p3,
-                        bool throughMiddle);
+  CQdrGeCircArc2d& setOverChord(const CQdrGePoint2d& p1, const CQdrGePoint2d& p2, double bulge);
 
   double m_endAng;
   double m_startAng;
