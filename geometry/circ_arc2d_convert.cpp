@@ -1,5 +1,6 @@
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
+#include "geometry/ellip_arc2d.h"
 #include "geometry/polyline2d.h"
 
 namespace {
@@ -8,6 +9,11 @@ namespace {
 constexpr double kNoWidth = -1.0;
 
 }  // namespace
+
+void CQdrGeCircArc2d::getEllipse(CQdrGeEllipArc2d& result) const {
+  result.set(m_center, CQdrGeVector2d::kXAxis, CQdrGeVector2d::kYAxis, m_radius, m_radius,
+             m_startAng, m_endAng);
+}
 
 void CQdrGeCircArc2d::asPolyline(CQdrGePolyline2d& result, int clockwise) const {
   const double sign = clockwise ? -1.0 : 1.0;

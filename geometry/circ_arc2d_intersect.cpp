@@ -3,6 +3,7 @@
 
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
+#include "geometry/ellip_arc2d.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 
@@ -101,6 +102,13 @@ bool CQdrGeCircArc2d::intersectWith(const CQdrGeCircArc2d& arc, int& count, CQdr
   };
   count = keepHits(keeps(p1), keeps(p2), p1, p2);
   return count != 0;
+}
+
+bool CQdrGeCircArc2d::intersectWith(const CQdrGeEllipArc2d& ellipse, int& count,
+                                    std::vector<CQdrGePoint2d>& points, Intersect mode,
+                                    double tol) const {
+  if (!qdr::isIntersectMode(mode)) return false;
+  return ellipse.intersectWith(*this, count, points, qdr::swappedMode(mode), tol);
 }
 
 bool CQdrGeCircArc2d::intersectWith(const CQdrGePolyline2d& polyline, int& count,

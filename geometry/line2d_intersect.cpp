@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "geometry/circ_arc2d.h"
+#include "geometry/ellip_arc2d.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 
@@ -75,6 +76,12 @@ bool CQdrGeLine2d::intersectWith(const CQdrGeCircArc2d& arc, int& count,
                                  std::vector<CQdrGePoint2d>& points, Intersect mode,
                                  double tol) const {
   return listHits(*this, arc, count, points, mode, tol);
+}
+
+bool CQdrGeLine2d::intersectWith(const CQdrGeEllipArc2d& ellipse, int& count,
+                                 std::vector<CQdrGePoint2d>& points, Intersect mode,
+                                 double tol) const {
+  return listHits(*this, ellipse, count, points, mode, tol);
 }
 
 bool CQdrGeLine2d::intersectWith(const CQdrGePolyline2d& polyline, int& count,
