@@ -95,5 +95,6 @@ class QDR_API CQdrDbTable : public CQdrDbObject {
   Records m_records;
 
  private:
+  void replace(CQdrDbObjectId& place, CQdrDbTableRecord& record);
   bool isPartOfDatabase() const;
 };
