@@ -54,9 +54,6 @@ CQdrDbEntity* copyOf(CQdrDbEntity& entity);
 
 void drawEntity(CQdrDbEntity& entity, CDC* dc);
 
-/// Removes grips of an entity from the screen, as its erasure does.
-void dropTrackers(CQdrDbEntity& entity);
-
 /// What follows when an entity has joined the drawing: a hatch brings its boundaries along.
 void entityAdded(CQdrDbEntity& entity);
 

@@ -63,8 +63,4 @@ void drawEntity(CQdrDbEntity& entity, CDC* dc) {
   entity.Draw(dc);
 }
 
-void dropTrackers(CQdrDbEntity& entity) {
-  entity.OnErased();
-}
-
 }  // namespace qdr
