@@ -75,7 +75,7 @@ class FieldWriter {
 
   /// A count and that many elements, each through `each(stream, element)`. What the count cannot
   /// hold is left out.
-  template <std::unsigned_integral Count, class List, class Each>
+  template <std::integral Count, class List, class Each>
   bool list(List& elements, std::size_t /*bytesEach*/, Each&& each) {
     const auto count = static_cast<Count>(
         std::min<std::size_t>(elements.size(), std::numeric_limits<Count>::max()));
@@ -129,14 +129,15 @@ class FieldReader {
 
   /// The elements take the place of those in the list. `bytesEach` is the least that an element
   /// occupies: the list never holds more elements than the file has bytes for, whatever the count
-  /// says, and an element that the file cuts is left out.
-  template <std::unsigned_integral Count, class List, class Each>
+  /// says, and an element that the file cuts is left out. A negative count is 0.
+  template <std::integral Count, class List, class Each>
   bool list(List& elements, std::size_t bytesEach, Each&& each) {
     Count count = 0;
     if (!number(count)) return false;
     const std::uint64_t whole = m_file->bytesLeft() / bytesEach;
     elements.clear();
-    elements.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(count, whole)));
+    if (count <= 0) return true;
+    elements.reserve(static_cast<std::size_t>(std::min(static_cast<std::uint64_t>(count), whole)));
     for (Count i = 0; i < count; ++i) {
       if (m_file->bytesLeft() < bytesEach) return false;
       each(*this, elements.emplace_back());
