@@ -77,9 +77,9 @@ class FieldWriter {
   /// hold is left out.
   template <std::integral Count, class List, class Each>
   bool list(List& elements, std::size_t /*bytesEach*/, Each&& each) {
-    const auto count = static_cast<Count>(
-        std::min<std::size_t>(elements.size(), std::numeric_limits<Count>::max()));
-    number(count);
+    constexpr auto kMost = static_cast<std::size_t>(std::numeric_limits<Count>::max());
+    const std::size_t count = std::min<std::size_t>(elements.size(), kMost);
+    number(static_cast<Count>(count));
     for (std::size_t i = 0; i < count; ++i)
       each(*this, elements[i]);
     return m_file != nullptr;
