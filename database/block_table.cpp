@@ -55,7 +55,7 @@ void CQdrDbBlockTable::onReplaced(CQdrDbTableRecord& from, CQdrDbTableRecord& to
   const std::vector<CQdrDbObjectId> inserts(old.getReferenceSet().begin(),
                                             old.getReferenceSet().end());
   for (const CQdrDbObjectId& id : inserts)
-    if (CQdrDbEntity* insert = qdr::asEntity(id)) qdr::setBlockOf(*insert, &successor);
+    if (CQdrDbEntity* insert = qdr::asEntity(id)) qdr::setUsedRecordOf(*insert, &successor);
 }
 
 void CQdrDbBlockTable::onRemoved(CQdrDbTableRecord& record) {

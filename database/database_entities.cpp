@@ -1,6 +1,5 @@
 // Entities on their way into the drawing and out of it.
 
-#include <unordered_set>
 #include <vector>
 
 #include "database/database.h"
@@ -63,12 +62,12 @@ void CQdrDbDatabase::forgetEntities(const std::vector<CQdrDbEntity*>& entities) 
 }
 
 // What removeEntity takes an entity out of, for one that may stand in any of it, and the references
-// of its block.
+// of the block that an insert shows.
 void CQdrDbDatabase::forgetInSets(CQdrDbEntity& entity) {
   const CQdrDbObjectId id(qdr::asObject(&entity));
-  const CQdrDbBlockTableRecord* shown = qdr::blockOf(entity);
-  if (shown && m_blockTable.has(CQdrDbObjectId(shown)))
-    const_cast<CQdrDbBlockTableRecord*>(shown)->removeReference(id);
+  const CQdrDbObjectId block(qdr::usedRecordOf(entity));
+  if (classTypeOf(id.getPObject()) == QdrDb::eClassBlockInsert && m_blockTable.has(block))
+    static_cast<CQdrDbBlockTableRecord*>(block.getPObject())->removeReference(id);
   removeEntity(&entity);
 }
 

@@ -7,9 +7,9 @@
 #include "platform/wide_string.h"
 
 class CDC;
-class CQdrDbBlockTableRecord;
 class CQdrDbCurve;
 class CQdrDbEntity;
+class CQdrDbTableRecord;
 
 // What the database asks of the entities that it holds. The entity classes stand above the
 // database: these are declared here and defined beside them, in entities/entity_access.cpp.
@@ -36,6 +36,10 @@ CQdrDbObjectId layerIdOf(const CQdrDbEntity& entity);
 CQdrDbObjectId linetypeIdOf(const CQdrDbEntity& entity);
 CQdrDbObjectId colorIdOf(const CQdrDbEntity& entity);
 
+/// The style of a text, the block of an insert, the outline of a symbol: a record that is compared
+/// and looked up but not followed, as it may be gone. Null for other classes.
+CQdrDbTableRecord* usedRecordOf(const CQdrDbEntity& entity);
+
 /// Null for every class but text.
 CQdrDbObjectId textStyleIdOf(const CQdrDbEntity& entity);
 
@@ -43,10 +47,11 @@ CQdrDbObjectId textStyleIdOf(const CQdrDbEntity& entity);
 void setLayerOf(CQdrDbEntity& entity, const CQdrDbObjectId& layer);
 void setLinetypeOf(CQdrDbEntity& entity, const CQdrDbObjectId& linetype);
 void setColorOf(CQdrDbEntity& entity, const CQdrDbObjectId& color);
+void setUsedRecordOf(CQdrDbEntity& entity, CQdrDbTableRecord* record);
 void setTextStyleOf(CQdrDbEntity& text, const CQdrDbObjectId& style);
 
-/// Gives an entity, by name, layer, linetype and colour of another one that may stand in another
-/// database, with "0", "ByLayer" and "256" for what its own database lacks.
+/// Gives an entity, by name, layer, linetype, colour and used record of another one that may stand
+/// in another database, with "0", "ByLayer" and "256" for what its own database lacks.
 void takeLooksByName(CQdrDbEntity& entity, const CQdrDbEntity& source);
 
 /// A copy with an identity of its own, outside any database; null for a class that has none.
@@ -62,10 +67,6 @@ bool boundaryChanged(CQdrDbEntity& entity, CQdrDbCurve* curve);
 
 /// Hatches drop boundaries and inserts drop members that are about to be deleted.
 void forgetEntities(CQdrDbEntity& keeper, const EntitySet& gone);
-
-/// The block that an insert shows; null for every other class.
-CQdrDbBlockTableRecord* blockOf(CQdrDbEntity& entity);
-void setBlockOf(CQdrDbEntity& insert, CQdrDbBlockTableRecord* block);
 
 /// The name of a text table; empty for every other class.
 CString textTableName(const CQdrDbEntity& entity);

@@ -3,9 +3,12 @@
 #include <cstdint>
 
 #include "database/class_type.h"
+#include "database/entity_access.h"
 
+class CQdrDbCurve;
 class CQdrDbDatabase;
 class CQdrDbEntity;
+class CQdrDbTableRecord;
 class CQdrUndoHandler;
 
 namespace qdr {
@@ -30,6 +33,25 @@ struct EntityClass {
   bool trimmable;
   bool extendable;
   bool explodable;
+
+  // Duties of the classes that hold or name more than others; null for the rest.
+
+  /// The entity has joined the drawing: a hatch brings its boundaries along.
+  void (*added)(CQdrDbEntity& entity) = nullptr;
+
+  /// A hatch looks at a changed boundary; true when it has to be drawn anew.
+  bool (*boundaryChanged)(CQdrDbEntity& hatch, CQdrDbCurve* curve) = nullptr;
+
+  /// A hatch drops boundaries and an insert drops members that are about to be deleted.
+  void (*forget)(CQdrDbEntity& keeper, const EntitySet& gone) = nullptr;
+
+  /// The record that it uses beside layer, linetype and colour: style of a text, block of an
+  /// insert, outline of a symbol. Answered as the entity keeps it; it may be gone.
+  CQdrDbTableRecord* (*usedRecord)(const CQdrDbEntity& entity) = nullptr;
+  void (*setUsedRecord)(CQdrDbEntity& entity, CQdrDbTableRecord* record) = nullptr;
+
+  /// The name of a text table.
+  CString (*nameOf)(const CQdrDbEntity& entity) = nullptr;
 };
 
 /// The row of a class; null for a class type that no entity bears.

@@ -1,0 +1,9 @@
+// What the drawing asks of the window that shows it.
+
+#include "database/database.h"
+#include "platform/window.h"
+
+void CQdrDbDatabase::invalidateView() {
+  const CQdrDbDisplayTableRecord* display = m_displayTable.getCurrentRecord();
+  if (display && display->getView()) display->getView()->InvalidateRect(nullptr, true);
+}
