@@ -44,6 +44,47 @@ inline constexpr double kCoincidentTolerance = 0.001;
 /// Ends of chains nearer than this are joined; also the play of offset clipping.
 inline constexpr double kJoinTolerance = 0.002;
 
+/// Crossings of one walk that lie nearer than this to the one before count as one.
+inline constexpr double kSameHitTolerance = 0.001;
+
+/// A polyline parameter this near to 1 means the end of the chain.
+inline constexpr double kEndParamTolerance = 0.001;
+
+/// A last bulge above this magnitude makes the closing segment of a polyline tangent to it.
+inline constexpr double kClosingBulgeTolerance = 1e-05;
+
+/// Steps left and down from the bounds of a figure to a point that is surely outside.
+inline constexpr double kOutsideStepX = 0.5;
+inline constexpr double kOutsideStepY = 1.0;
+
+/// Vertices this near are one vertex to an offset, and crossings this near to a vertex are weak: the
+/// length bounds the finest detail that an offset keeps.
+inline constexpr double kMergeTolerance = 0.05;
+
+/// A closing vertex this near to the last one repeats it.
+inline constexpr double kRepeatTolerance = 0.005;
+
+/// Segments up to this length have no direction to offset.
+inline constexpr double kTinySegment = 1e-9;
+
+/// Neighbours that meet within this parameter of an end of the earlier one meet at their vertex.
+inline constexpr double kSharedVertexParam = 0.001;
+
+/// Parameter on an arc that shows which way a chain goes on behind a rounded corner.
+inline constexpr double kRoundingProbe = 0.2;
+
+/// Step in parameter along a full circle that shows its direction of travel.
+inline constexpr double kDirectionProbe = 0.05;
+
+/// Sine of the angle up to which lines count as parallel and do not meet.
+inline constexpr double kParallelSine = 1e-8;
+
+/// Half the distance of two hits on a circle, as a ratio to its radius, up to which they are one.
+inline constexpr double kTouchHeight = 1e-7;
+
+/// Distance of two centres, as a ratio to the radius, up to which circles do not meet.
+inline constexpr double kSameCenter = 1e-12;
+
 /// Ends of an ellipse nearer than this make it a whole one.
 inline constexpr double kEllipseEndTolerance = 1e-07;
 

@@ -1,0 +1,83 @@
+#include "geometry/internal/travel_segment.h"
+
+#include <cmath>
+
+#include "geometry/internal/bulge.h"
+
+namespace qdr {
+
+double TravelSegment::sweep() const {
+  return sweepOfBulge(bulge);
+}
+
+double TravelSegment::length() const {
+  return isArc() ? radius * std::abs(sweep()) : distance(start, end);
+}
+
+Vec TravelSegment::pointAt(double t) const {
+  if (!isArc()) return start + (end - start) * t;
+  const double angle = sweep() * t;
+  const double c = std::cos(angle);
+  const double s = std::sin(angle);
+  const Vec arm = start - center;
+  return center + Vec(arm.x * c - arm.y * s, arm.x * s + arm.y * c);
+}
+
+double TravelSegment::paramOf(const Vec& p) const {
+  if (!isArc()) {
+    const Vec chord = end - start;
+    return dot(p - start, chord) / chord.lengthSqrd();
+  }
+  const Vec from = start - center;
+  const Vec to = p - center;
+  const double turn = std::atan2(cross(from, to), dot(from, to));
+  const double travelled = withTurnIfNegative(bulge > 0.0 ? turn : -turn);
+  const double whole = std::abs(sweep());
+  const bool isBeforeStart = kTwoPi - travelled < travelled - whole;
+  return (isBeforeStart ? travelled - kTwoPi : travelled) / whole;
+}
+
+Box TravelSegment::box() const {
+  Box bounds = boxOfChord(start, end);
+  if (!isArc()) return bounds;
+  const Vec quadrants[] = {{radius, 0.0}, {0.0, radius}, {-radius, 0.0}, {0.0, -radius}};
+  for (const Vec& arm : quadrants) {
+    if (isWithinSweep(center + arm)) bounds.add(center + arm);
+  }
+  return bounds;
+}
+
+TravelSegment TravelSegment::part(double from, double to) const {
+  const double partBulge = isArc() ? bulgeOfSweep(sweep() * (to - from)) : 0.0;
+  const Vec a = from == 0.0 ? start : pointAt(from);
+  const Vec b = to == 1.0 ? end : pointAt(to);
+  return makeSegment(a, b, partBulge);
+}
+
+TravelSegment makeSegment(const Vec& start, const Vec& end, double bulge) {
+  TravelSegment segment;
+  segment.start = start;
+  segment.end = end;
+  const Vec chord = end - start;
+  const double chordSqrd = chord.lengthSqrd();
+  if (!isArcBulge(bulge) || !(chordSqrd > 0.0)) return segment;
+  // The centre lies on the bisector, (1 - b^2) / (4 b) chord lengths to the left of the middle.
+  const double offCenter = (1.0 - bulge * bulge) / (4.0 * bulge);
+  segment.bulge = bulge;
+  segment.center = (start + end) * 0.5 + chord.perpVector() * offCenter;
+  segment.radius = std::sqrt(chordSqrd) * (1.0 + bulge * bulge) / (4.0 * std::abs(bulge));
+  return segment;
+}
+
+std::vector<TravelSegment> segmentsOf(std::span<const Vec> points, std::span<const double> bulges,
+                                      bool closed) {
+  std::vector<TravelSegment> segments;
+  if (points.size() < 2) return segments;
+  segments.reserve(points.size());
+  for (std::size_t i = 0; i + 1 < points.size(); ++i)
+    segments.push_back(makeSegment(points[i], points[i + 1], bulges[i]));
+  if (closed) segments.push_back(makeSegment(points.back(), points.front(), bulges.back()));
+  return segments;
+}
+
+}  // namespace qdr

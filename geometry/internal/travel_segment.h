@@ -1,0 +1,52 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "geometry/internal/box.h"
+#include "geometry/internal/vec.h"
+
+namespace qdr {
+
+/// One segment of a chain with its ends in the order of travel, the value that the algorithms on
+/// chains work on. Unlike an arc object it knows its direction: `bulge` carries the sign.
+///
+/// Its parameter runs from 0 at the start to 1 at the end in proportion to length.
+struct TravelSegment {
+  Vec start;
+  Vec end;
+  double bulge = 0.0;   // exactly 0 for a line
+  Vec center;           // of an arc
+  double radius = 0.0;  // of an arc
+
+  bool isArc() const { return bulge != 0.0; }
+
+  /// Signed sweep; 0 for a line.
+  double sweep() const;
+  double length() const;
+
+  /// Not held to [0, 1]: a line goes on straight, an arc round its circle.
+  Vec pointAt(double t) const;
+
+  /// Parameter of a place on the line or circle. On an arc a place beyond an end counts from the
+  /// end that is nearer by angle, below 0 or above 1.
+  double paramOf(const Vec& p) const;
+
+  /// Whether a place of the circle belongs to the arc, its ends included: the chord parts them.
+  bool isWithinSweep(const Vec& p) const { return cross(end - start, p - start) * bulge <= 0.0; }
+
+  Box box() const;
+
+  /// The part between two parameters. Bounds against the travel give the reversed part.
+  TravelSegment part(double from, double to) const;
+};
+
+/// The segment over this chord; a bulge of at most 0.001 in magnitude and a chord of no length
+/// give a line.
+TravelSegment makeSegment(const Vec& start, const Vec& end, double bulge);
+
+/// Every segment of the chain, the closing one included when `closed`.
+std::vector<TravelSegment> segmentsOf(std::span<const Vec> points, std::span<const double> bulges,
+                                      bool closed);
+
+}  // namespace qdr
