@@ -1,0 +1,126 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+#include "geometry/internal/box.h"
+#include "platform/export.h"
+
+namespace qdr {
+
+/// Static index over boxes: which of them overlap an area, in logarithmic time.
+///
+/// A packed tree without pointers: level 0 holds the boxes, each box of a level bounds kFan
+/// neighbours of the level below, the last level is one box. Answers name boxes by their position
+/// in the vector given; the index is a value and never changes after construction.
+///
+/// Same input, same order of answers:
+/// (1) Order::given: ascending. The tree takes the boxes as they follow each other, which suits
+///     chains and costs almost nothing to build.
+/// (2) Order::hilbert: along a space-filling curve (Kamel, Faloutsos: Hilbert R-tree, 1994), for
+///     boxes in no spatial order.
+/// A box with a NaN side is never an answer. Holds up to 2^32 - 1 boxes.
+class QDR_API BoxIndex {
+ public:
+  enum class Order { given, hilbert };
+
+  /// Boxes under one parent.
+  static constexpr std::size_t kFan = 8;
+
+  BoxIndex() = default;
+  BoxIndex(std::vector<Box> boxes, Order order);
+
+  std::size_t size() const { return m_levels.empty() ? 0 : m_levels.front().count; }
+  /// Bounds of all boxes; the empty box without any.
+  Box bounds() const { return m_levels.empty() ? Box() : m_boxes.back(); }
+
+  /// Calls visit(i) for every box that overlaps `area`; a visit that answers false ends the walk.
+  /// False when it was ended.
+  template <class Visit>
+  bool forEachOverlap(const Box& area, Visit&& visit) const {
+    return walk([&](const Box& box) { return box.overlaps(area); }, 0, visit);
+  }
+
+  /// The same for every box nearer to `area` than `reach`.
+  template <class Visit>
+  bool forEachWithin(const Box& area, double reach, Visit&& visit) const {
+    const double limit = reach * reach;
+    return walk([&](const Box& box) { return box.distanceSqrd(area) < limit; }, 0, visit);
+  }
+
+ private:
+  struct Level {
+    std::size_t first;  // in m_boxes
+    std::size_t count;
+  };
+
+  /// Calls visit(k) for the boxes of `level` that pass the test, as their parents do.
+  template <class Test, class Visit>
+  bool walk(const Test& test, std::size_t level, Visit& visit) const {
+    if (m_levels.empty()) return true;
+    return walkUnder(test, level, m_levels.size() - 1, 0, 1, visit);
+  }
+
+  template <class Test, class Visit>
+  bool walkUnder(const Test& test, std::size_t target, std::size_t level, std::size_t from,
+                 std::size_t to, Visit& visit) const {
+    const Box* boxes = m_boxes.data() + m_levels[level].first;
+    for (std::size_t k = from; k < to; ++k) {
+      if (!test(boxes[k])) continue;
+      if (level > target) {
+        const std::size_t last = std::min((k + 1) * kFan, m_levels[level - 1].count);
+        if (!walkUnder(test, target, level - 1, k * kFan, last, visit)) return false;
+      } else if (!visit(nameOf(level, k))) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  std::size_t nameOf(std::size_t level, std::size_t k) const {
+    return level == 0 && !m_names.empty() ? m_names[k] : k;
+  }
+
+  template <class Prune, class Visit>
+  friend void forEachNearPair(const BoxIndex& a, const BoxIndex& b, const Prune& prune,
+                              Visit&& visit);
+
+  std::vector<Box> m_boxes;            // level by level, from the boxes given to the root
+  std::vector<std::uint32_t> m_names;  // positions given, by place in level 0; empty if the same
+  std::vector<Level> m_levels;
+};
+
+/// Calls visit(i, j) for the pairs of a box of `a` and a box of `b` that pass prune(boxA, boxB),
+/// which must hold for bounds when it holds for what they bound. With both indexes in the given
+/// order the pairs come by i, then by j. A visit that answers false ends the pairs of that i.
+template <class Prune, class Visit>
+void forEachNearPair(const BoxIndex& a, const BoxIndex& b, const Prune& prune, Visit&& visit) {
+  constexpr std::size_t kFan = BoxIndex::kFan;
+  if (a.size() == 0 || b.size() == 0) return;
+  // One descent serves the kFan boxes under one parent: it collects the parents in `b` near it.
+  std::vector<std::size_t> parents;
+  const auto collect = [&](std::size_t k) {
+    parents.push_back(k);
+    return true;
+  };
+  const BoxIndex::Level& groups = a.m_levels[1];
+  for (std::size_t group = 0; group < groups.count; ++group) {
+    const Box& bounds = a.m_boxes[groups.first + group];
+    parents.clear();
+    b.walk([&](const Box& box) { return prune(bounds, box); }, 1, collect);
+    const std::size_t last = std::min((group + 1) * kFan, a.size());
+    for (std::size_t i = group * kFan; i < last; ++i) {
+      const Box& box = a.m_boxes[i];
+      bool goesOn = true;
+      for (std::size_t p = 0; goesOn && p < parents.size(); ++p) {
+        const std::size_t end = std::min((parents[p] + 1) * kFan, b.size());
+        for (std::size_t j = parents[p] * kFan; goesOn && j < end; ++j) {
+          if (prune(box, b.m_boxes[j])) goesOn = visit(a.nameOf(0, i), b.nameOf(0, j));
+        }
+      }
+    }
+  }
+}
+
+}  // namespace qdr

@@ -1,0 +1,175 @@
+#include "geometry/internal/chain_crossings.h"
+
+#include <array>
+
+#include "geometry/circ_arc2d.h"
+#include "geometry/internal/box_index.h"
+#include "geometry/internal/travel_segment.h"
+#include "geometry/line2d.h"
+#include "geometry/tolerance.h"
+
+namespace qdr {
+
+namespace {
+
+using Intersect = CQdrGeEntity2d::Intersect;
+
+/// One segment as the curve object that its kind asks for.
+struct SegmentCurve {
+  CQdrGePolyline2d::SegType type = CQdrGePolyline2d::kEmptySeg;
+  CQdrGeLine2d line;
+  CQdrGeCircArc2d arc;
+};
+
+SegmentCurve segmentCurve(const CQdrGePolyline2d& chain, int i) {
+  SegmentCurve curve;
+  curve.type = chain.segType(i);
+  if (curve.type == CQdrGePolyline2d::kLineSeg) chain.getLineSegAt(i, curve.line);
+  if (curve.type == CQdrGePolyline2d::kArcSeg) chain.getArcSegAt(i, curve.arc);
+  return curve;
+}
+
+std::vector<SegmentCurve> segmentCurves(const CQdrGePolyline2d& chain) {
+  std::vector<SegmentCurve> curves;
+  curves.reserve(static_cast<std::size_t>(chain.numVerts()));
+  for (int i = 0; i < chain.numVerts(); ++i)
+    curves.push_back(segmentCurve(chain, i));
+  return curves;
+}
+
+struct Crossing {
+  int count = 0;
+  std::array<CQdrGePoint2d, 2> points;
+};
+
+Crossing cross(const CQdrGeLine2d& a, const CQdrGeLine2d& b, Intersect mode, double tol) {
+  Crossing crossing;
+  crossing.count = a.intersectWith(b, crossing.points[0], mode, tol) ? 1 : 0;
+  return crossing;
+}
+
+Crossing cross(const CQdrGeCircArc2d& a, const CQdrGeLine2d& b, Intersect mode, double tol) {
+  Crossing crossing;
+  if (!a.intersectWith(b, crossing.count, crossing.points[0], crossing.points[1], mode, tol))
+    crossing.count = 0;
+  return crossing;
+}
+
+Crossing cross(const CQdrGeLine2d& a, const CQdrGeCircArc2d& b, Intersect mode, double tol) {
+  return cross(b, a, swappedMode(mode), tol);
+}
+
+Crossing cross(const CQdrGeCircArc2d& a, const CQdrGeCircArc2d& b, Intersect mode, double tol) {
+  Crossing crossing;
+  if (!a.intersectWith(b, crossing.count, crossing.points[0], crossing.points[1], mode, tol))
+    crossing.count = 0;
+  return crossing;
+}
+
+/// Crossings of one segment with a line or an arc; none for a segment of another kind.
+template <class Curve>
+Crossing crossSegment(const SegmentCurve& segment, const Curve& curve, Intersect mode, double tol) {
+  if (segment.type == CQdrGePolyline2d::kLineSeg) return cross(segment.line, curve, mode, tol);
+  if (segment.type == CQdrGePolyline2d::kArcSeg) return cross(segment.arc, curve, mode, tol);
+  return {};
+}
+
+Crossing crossSegments(const SegmentCurve& a, const SegmentCurve& b, Intersect mode, double tol) {
+  if (b.type == CQdrGePolyline2d::kLineSeg) return crossSegment(a, b.line, mode, tol);
+  if (b.type == CQdrGePolyline2d::kArcSeg) return crossSegment(a, b.arc, mode, tol);
+  return {};
+}
+
+void append(const Crossing& crossing, int segment, std::vector<ChainHit>& hits) {
+  for (int k = 0; k < crossing.count; ++k)
+    hits.push_back({segment, crossing.points[static_cast<std::size_t>(k)]});
+}
+
+template <class Curve>
+std::vector<ChainHit> hitsWithCurve(const CQdrGePolyline2d& chain, const Curve& curve,
+                                    Intersect mode, double tol) {
+  std::vector<ChainHit> hits;
+  for (int i = 0; i < chain.numVerts(); ++i)
+    append(crossSegment(segmentCurve(chain, i), curve, mode, tol), i, hits);
+  return hits;
+}
+
+/// Collects the crossings of a chain, segment after segment, without neighbours that repeat.
+class HitCollector {
+ public:
+  void add(int segment, const Crossing& crossing) {
+    for (int k = 0; k < crossing.count; ++k) {
+      const CQdrGePoint2d& point = crossing.points[static_cast<std::size_t>(k)];
+      const bool repeats = !m_hits.empty() && m_hits.back().segment == segment &&
+                           m_hits.back().point.isEqualTo(point, kSameHitTolerance);
+      if (!repeats) m_hits.push_back({segment, point});
+    }
+  }
+
+  std::vector<ChainHit> take() { return std::move(m_hits); }
+
+ private:
+  std::vector<ChainHit> m_hits;
+};
+
+/// Boxes of the places that count as on a segment: its own, widened by `tol`, by the angle that
+/// arcs allow beyond their ends, and by what touching ends allow.
+std::vector<Box> hitBoxes(const CQdrGePolyline2d& chain, double tol) {
+  const std::size_t count = chain.points().size();
+  std::vector<Box> boxes(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto type = chain.segType(static_cast<int>(i));
+    if (type != CQdrGePolyline2d::kLineSeg && type != CQdrGePolyline2d::kArcSeg) continue;
+    const TravelSegment segment =
+        makeSegment(toVec(chain.points()[i]), toVec(chain.points()[i + 1 < count ? i + 1 : 0]),
+                    chain.bulges()[i]);
+    const double margin = tol + 2.0 * (kTouchTolerance + kAngleTolerance * segment.radius);
+    boxes[i] = segment.box().inflated(margin);
+  }
+  return boxes;
+}
+
+}  // namespace
+
+std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeLine2d& line,
+                               Intersect mode, double tol) {
+  return hitsWithCurve(chain, line, mode, tol);
+}
+
+std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
+                               Intersect mode, double tol) {
+  return hitsWithCurve(chain, arc, mode, tol);
+}
+
+std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
+                                      Intersect mode, double tol) {
+  HitCollector collector;
+  const std::vector<SegmentCurve> others = segmentCurves(other);
+  for (int i = 0; i < chain.numVerts(); ++i) {
+    const SegmentCurve curve = segmentCurve(chain, i);
+    for (const SegmentCurve& otherCurve : others)
+      collector.add(i, crossSegments(otherCurve, curve, swappedMode(mode), tol));
+  }
+  return collector.take();
+}
+
+std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
+                               Intersect mode, double tol) {
+  const std::size_t pairs = chain.points().size() * other.points().size();
+  if (mode != CQdrGeEntity2d::kExtendNone || pairs < kIndexedPairs)
+    return hitsByPlainWalk(chain, other, mode, tol);
+
+  HitCollector collector;
+  const std::vector<SegmentCurve> curves = segmentCurves(chain);
+  const std::vector<SegmentCurve> others = segmentCurves(other);
+  const BoxIndex index(hitBoxes(chain, tol), BoxIndex::Order::given);
+  const BoxIndex otherIndex(hitBoxes(other, tol), BoxIndex::Order::given);
+  const auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
+  forEachNearPair(index, otherIndex, overlap, [&](std::size_t i, std::size_t j) {
+    collector.add(static_cast<int>(i), crossSegments(others[j], curves[i], mode, tol));
+    return true;
+  });
+  return collector.take();
+}
+
+}  // namespace qdr

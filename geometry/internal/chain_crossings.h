@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vector>
+
+#include "geometry/polyline2d.h"
+
+namespace qdr {
+
+/// A crossing on a chain and the segment of the chain that it was found on.
+struct ChainHit {
+  int segment = -1;
+  CQdrGePoint2d point;
+};
+
+/// Crossings of every segment of `chain`, in the order of the segments. A crossing at a shared
+/// vertex appears once for each of its segments. The mode is seen from `chain`.
+std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeLine2d& line,
+                               CQdrGeEntity2d::Intersect mode, double tol);
+std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
+                               CQdrGeEntity2d::Intersect mode, double tol);
+
+/// For each segment of `chain` the crossings along `other`, of which each is dropped that lies
+/// within 0.001 of the one before it on the same segment. With many vertices and no extension the
+/// pairs come from an index over boxes; answers and their order are those of the loop over pairs.
+std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
+                               CQdrGeEntity2d::Intersect mode, double tol);
+
+/// Number of segment pairs from which the index is worth its building.
+inline constexpr std::size_t kIndexedPairs = 256;
+
+/// The same by the plain loop over pairs.
+std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
+                                      CQdrGeEntity2d::Intersect mode, double tol);
+
+}  // namespace qdr
