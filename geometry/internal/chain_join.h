@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "geometry/internal/raw_offset.h"
+
+namespace qdr {
+
+/// Joins chains whose ends lie nearer than 0.002 to each other, as appendPolyline does.
+///
+/// The first chain takes the earliest other one that meets an end of it, then the earliest of the
+/// rest, until none meets; then the first of the rest does the same. Chains that close on
+/// themselves neither take nor are taken.
+std::vector<VertexChain> joinedChains(std::vector<VertexChain> chains);
+
+}  // namespace qdr

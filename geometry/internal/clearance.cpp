@@ -1,0 +1,92 @@
+#include "geometry/internal/clearance.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "geometry/internal/curve_intersection.h"
+
+namespace qdr {
+
+namespace {
+
+/// How many source segments are asked whether they bury a broken segment. Where many are near,
+/// nearly any of them does.
+constexpr int kBurialTries = 16;
+
+/// Corners of a convex hull: the ends of a line, the box of an arc.
+struct Hull {
+  explicit Hull(const TravelSegment& segment) : corners{segment.start, segment.end} {
+    if (!segment.isArc()) return;
+    const Box box = segment.box();
+    corners = {Vec(box.minX, box.minY), Vec(box.maxX, box.minY), Vec(box.maxX, box.maxY),
+               Vec(box.minX, box.maxY)};
+    count = 4;
+  }
+
+  std::span<const Vec> span() const { return {corners.data(), count}; }
+
+  std::array<Vec, 4> corners;
+  std::size_t count = 2;
+};
+
+bool areAllWithin(std::span<const Vec> hull, const Vec& center, double limitSqrd) {
+  return std::all_of(hull.begin(), hull.end(),
+                     [&](const Vec& p) { return distanceSqrd(p, center) < limitSqrd; });
+}
+
+}  // namespace
+
+std::vector<Box> boxesOf(std::span<const TravelSegment> segments) {
+  std::vector<Box> boxes;
+  boxes.reserve(segments.size() + segments.size() / 4 + 4);
+  for (const TravelSegment& segment : segments)
+    boxes.push_back(segment.box());
+  return boxes;
+}
+
+Clearance::Clearance(std::vector<TravelSegment> source, double limit)
+    : m_source(std::move(source)),
+      m_index(boxesOf(m_source), BoxIndex::Order::given),
+      m_limit(std::max(limit, 0.0)),
+      m_limitSqrd(m_limit * m_limit) {}
+
+bool Clearance::isKeptBy(const TravelSegment& segment) const {
+  if (m_limit == 0.0) return true;
+  return m_index.forEachWithin(segment.box(), m_limit, [&](std::size_t j) {
+    return nearestPlace(segment, m_source[j]).distanceSqrd >= m_limitSqrd;
+  });
+}
+
+bool Clearance::buries(const TravelSegment& source, std::span<const Vec> hull) const {
+  if (source.isArc()) {
+    return areAllWithin(hull, source.start, m_limitSqrd) ||
+           areAllWithin(hull, source.end, m_limitSqrd);
+  }
+  // The places nearer than the limit to a line are a convex set.
+  return std::all_of(hull.begin(), hull.end(),
+                     [&](const Vec& p) { return distanceSqrdTo(source, p) < m_limitSqrd; });
+}
+
+std::vector<Standing> Clearance::standingsOf(std::span<const TravelSegment> segments,
+                                             const BoxIndex& index) const {
+  std::vector<Standing> standings(segments.size());
+  if (m_limit == 0.0) return standings;
+  std::vector<std::uint8_t> tries(segments.size(), 0);
+  const auto isNear = [this](const Box& a, const Box& b) {
+    return a.distanceSqrd(b) < m_limitSqrd;
+  };
+  forEachNearPair(index, m_index, isNear, [&](std::size_t i, std::size_t j) {
+    Standing& standing = standings[i];
+    if (standing.kind == Standing::clear) {
+      const NearPlace nearest = nearestPlace(segments[i], m_source[j]);
+      if (nearest.distanceSqrd >= m_limitSqrd) return true;
+      standing = {Standing::broken, segments[i].paramOf(nearest.place)};
+    }
+    if (buries(m_source[j], Hull(segments[i]).span())) standing.kind = Standing::buried;
+    return standing.kind != Standing::buried && ++tries[i] < kBurialTries;
+  });
+  return standings;
+}
+
+}  // namespace qdr

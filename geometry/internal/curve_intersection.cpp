@@ -1,0 +1,189 @@
+#include "geometry/internal/curve_intersection.h"
+
+#include <cmath>
+#include <limits>
+
+#include "geometry/tolerance.h"
+
+namespace qdr {
+
+namespace {
+
+struct Circle {
+  Vec center;
+  double radius;
+};
+
+Circle circleOf(const TravelSegment& arc) {
+  return {arc.center, arc.radius};
+}
+
+Meeting meetLines(const TravelSegment& a, const TravelSegment& b) {
+  const Vec u = a.end - a.start;
+  const Vec v = b.end - b.start;
+  const double sine = cross(u, v);
+  Meeting meeting;
+  if (!(sine * sine > kParallelSine * kParallelSine * u.lengthSqrd() * v.lengthSqrd()))
+    return meeting;
+  meeting.add(a.start + u * (cross(b.start - a.start, v) / sine));
+  return meeting;
+}
+
+/// `line` as an infinite one.
+Meeting meetLineCircle(const TravelSegment& line, const Circle& circle) {
+  Meeting meeting;
+  const Vec u = line.end - line.start;
+  const double lengthSqrd = u.lengthSqrd();
+  if (!(lengthSqrd > 0.0)) return meeting;
+  const Vec foot = line.start + u * (dot(circle.center - line.start, u) / lengthSqrd);
+  const double radiusSqrd = circle.radius * circle.radius;
+  const double heightSqrd = radiusSqrd - distanceSqrd(foot, circle.center);
+  // Rounding parts or joins the two hits of a touching line by this much.
+  const double touchSqrd = kTouchHeight * kTouchHeight * radiusSqrd;
+  if (heightSqrd < -touchSqrd || !(heightSqrd == heightSqrd)) return meeting;
+  if (heightSqrd <= touchSqrd) {
+    meeting.add(foot);
+    return meeting;
+  }
+  const Vec half = u * std::sqrt(heightSqrd / lengthSqrd);
+  meeting.add(foot - half);
+  meeting.add(foot + half);
+  return meeting;
+}
+
+Meeting meetCircles(const Circle& a, const Circle& b) {
+  Meeting meeting;
+  const Vec between = b.center - a.center;
+  const double apartSqrd = between.lengthSqrd();
+  const double radiusSqrd = a.radius * a.radius;
+  if (!(apartSqrd > kSameCenter * kSameCenter * radiusSqrd)) return meeting;
+  // (r1 - r2)(r1 + r2) keeps the digits that r1^2 - r2^2 loses.
+  const double along = 0.5 * (1.0 + (a.radius - b.radius) * (a.radius + b.radius) / apartSqrd);
+  const Vec foot = a.center + between * along;
+  const double heightSqrd = radiusSqrd - along * along * apartSqrd;
+  const double touchSqrd = kTouchHeight * kTouchHeight * radiusSqrd;
+  if (heightSqrd < -touchSqrd || !(heightSqrd == heightSqrd)) return meeting;
+  if (heightSqrd <= touchSqrd) {
+    meeting.add(foot);
+    return meeting;
+  }
+  const Vec half = between.perpVector() * std::sqrt(heightSqrd / apartSqrd);
+  meeting.add(foot + half);
+  meeting.add(foot - half);
+  return meeting;
+}
+
+bool isNear(const Vec& a, const Vec& b) {
+  return distanceSqrd(a, b) <= kCurveTolerance * kCurveTolerance;
+}
+
+/// Whether a place of the infinite line or full circle belongs to the segment.
+bool isOnExtent(const TravelSegment& segment, const Vec& p) {
+  if (segment.isArc()) {
+    if (segment.isWithinSweep(p)) return true;
+  } else {
+    const Vec chord = segment.end - segment.start;
+    const double along = dot(p - segment.start, chord);
+    if (along >= 0.0 && along <= chord.lengthSqrd()) return true;
+  }
+  return isNear(p, segment.start) || isNear(p, segment.end);
+}
+
+}  // namespace
+
+Meeting meetExtended(const TravelSegment& a, const TravelSegment& b) {
+  if (a.isArc() && b.isArc()) return meetCircles(circleOf(a), circleOf(b));
+  if (a.isArc()) return meetLineCircle(b, circleOf(a));
+  if (b.isArc()) return meetLineCircle(a, circleOf(b));
+  return meetLines(a, b);
+}
+
+Meeting meetSegments(const TravelSegment& a, const TravelSegment& b) {
+  const Meeting extended = meetExtended(a, b);
+  Meeting meeting;
+  for (int k = 0; k < extended.count; ++k) {
+    const Vec& p = extended.points[k];
+    if (isOnExtent(a, p) && isOnExtent(b, p)) meeting.add(p);
+  }
+  return meeting;
+}
+
+Meeting meetCircle(const TravelSegment& segment, const Vec& center, double radius) {
+  const Circle circle{center, radius};
+  const Meeting extended =
+      segment.isArc() ? meetCircles(circleOf(segment), circle) : meetLineCircle(segment, circle);
+  Meeting meeting;
+  for (int k = 0; k < extended.count; ++k) {
+    if (isOnExtent(segment, extended.points[k])) meeting.add(extended.points[k]);
+  }
+  return meeting;
+}
+
+namespace {
+
+Vec nearestPlaceToPoint(const TravelSegment& segment, const Vec& p) {
+  if (segment.isArc()) {
+    const Vec arm = p - segment.center;
+    const double armLength = arm.length();
+    if (armLength > 0.0) {
+      const Vec onCircle = segment.center + arm * (segment.radius / armLength);
+      if (segment.isWithinSweep(onCircle)) return onCircle;
+    }
+    const bool endIsNearer = distanceSqrd(p, segment.end) < distanceSqrd(p, segment.start);
+    return endIsNearer ? segment.end : segment.start;
+  }
+  const Vec chord = segment.end - segment.start;
+  const double along = dot(p - segment.start, chord);
+  const double lengthSqrd = chord.lengthSqrd();
+  if (!(along > 0.0)) return segment.start;
+  if (along >= lengthSqrd) return segment.end;
+  return segment.start + chord * (along / lengthSqrd);
+}
+
+/// Keeps the nearest of the pairs it is shown.
+struct NearestPair {
+  NearPlace best{std::numeric_limits<double>::infinity(), {}};
+
+  void show(const Vec& onA, const Vec& onB) {
+    const double d = distanceSqrd(onA, onB);
+    if (d < best.distanceSqrd) best = {d, onA};
+  }
+};
+
+/// The common normals of an arc and a line, or of two arcs, run through the centres.
+void showNormals(const TravelSegment& a, const TravelSegment& b, NearestPair& nearest) {
+  if (!a.isArc()) {
+    const Vec chord = a.end - a.start;
+    const double along = dot(b.center - a.start, chord) / chord.lengthSqrd();
+    if (!(along > 0.0 && along < 1.0)) return;
+    const Vec foot = a.start + chord * along;
+    nearest.show(foot, nearestPlaceToPoint(b, foot));
+    return;
+  }
+  const Vec target = b.isArc() ? b.center : nearestPlaceToPoint(b, a.center);
+  const Vec direction = (target - a.center).normal(0.0);
+  for (const double sign : {1.0, -1.0}) {
+    const Vec onA = a.center + direction * (sign * a.radius);
+    if (a.isWithinSweep(onA)) nearest.show(onA, nearestPlaceToPoint(b, onA));
+  }
+}
+
+}  // namespace
+
+double distanceSqrdTo(const TravelSegment& segment, const Vec& p) {
+  return distanceSqrd(nearestPlaceToPoint(segment, p), p);
+}
+
+NearPlace nearestPlace(const TravelSegment& a, const TravelSegment& b) {
+  const Meeting meeting = meetSegments(a, b);
+  if (meeting.count > 0) return {0.0, meeting.points[0]};
+  NearestPair nearest;
+  nearest.show(a.start, nearestPlaceToPoint(b, a.start));
+  nearest.show(a.end, nearestPlaceToPoint(b, a.end));
+  nearest.show(nearestPlaceToPoint(a, b.start), b.start);
+  nearest.show(nearestPlaceToPoint(a, b.end), b.end);
+  if (a.isArc() || b.isArc()) showNormals(a, b, nearest);
+  return nearest.best;
+}
+
+}  // namespace qdr

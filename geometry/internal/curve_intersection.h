@@ -1,0 +1,38 @@
+#pragma once
+
+#include "geometry/internal/travel_segment.h"
+
+namespace qdr {
+
+/// Up to two places where two curves meet.
+struct Meeting {
+  int count = 0;
+  Vec points[2];
+
+  void add(const Vec& p) { points[count++] = p; }
+};
+
+/// Where two segments meet, ends included within kCurveTolerance. Curves that lie along each other
+/// do not meet; circles that touch, and a line that touches a circle, meet once.
+Meeting meetSegments(const TravelSegment& a, const TravelSegment& b);
+
+/// Where the infinite lines and full circles of two segments meet.
+Meeting meetExtended(const TravelSegment& a, const TravelSegment& b);
+
+/// Where a segment meets a full circle.
+Meeting meetCircle(const TravelSegment& segment, const Vec& center, double radius);
+
+/// Square of the distance from a place to the nearest place of the segment.
+double distanceSqrdTo(const TravelSegment& segment, const Vec& p);
+
+/// A place of one segment and how near, squared, another comes to it.
+struct NearPlace {
+  double distanceSqrd;
+  Vec place;
+};
+
+/// The place of `a` that is nearest to `b`, in closed form: where they meet, an end of either, or
+/// on the common normal.
+NearPlace nearestPlace(const TravelSegment& a, const TravelSegment& b);
+
+}  // namespace qdr

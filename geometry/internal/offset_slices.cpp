@@ -1,0 +1,299 @@
+#include "geometry/internal/offset_slices.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "geometry/internal/box_index.h"
+#include "geometry/internal/bulge.h"
+#include "geometry/internal/clearance.h"
+#include "geometry/internal/curve_intersection.h"
+#include "geometry/tolerance.h"
+
+namespace qdr {
+
+namespace {
+
+/// A place on the raw offset: segment, parameter and point. The end of a segment is given as the
+/// start of the next one; the end of the last segment as one past it.
+struct RawPlace {
+  std::size_t segment = 0;
+  double param = 0.0;
+  Vec point;
+};
+
+/// A place where the raw offset is cut. A weak one lies near a vertex.
+struct Cut {
+  RawPlace place;
+  bool isWeak = false;
+};
+
+struct Slice {
+  RawPlace from;
+  RawPlace to;
+};
+
+/// Collects slices on the way along the raw offset and keeps those that have not fallen.
+class SliceCollector {
+ public:
+  explicit SliceCollector(const Vec& start) { m_current.from = {0, 0.0, start}; }
+
+  bool hasFallen() const { return m_hasFallen; }
+  void addPart(bool isClear, double length) {
+    if (!isClear) m_hasFallen = true;
+    m_length += length;
+  }
+
+  void cutAt(const RawPlace& place) {
+    // Crossings that rounding has parted leave a stretch between them that is nobody's.
+    const bool isEmpty = m_length <= kPointTolerance;
+    if (!isEmpty) finish(place);
+    m_current.from = place;
+    m_hasFallen = false;
+    m_length = 0.0;
+  }
+
+  bool hasLost() const { return m_hasLost; }
+  double keptLength() const { return m_keptLength; }
+  const std::vector<Slice>& kept() const { return m_kept; }
+
+ private:
+  void finish(const RawPlace& place) {
+    if (m_hasFallen) {
+      m_hasLost = true;
+      return;
+    }
+    m_current.to = place;
+    m_kept.push_back(m_current);
+    m_keptLength += m_length;
+  }
+
+  Slice m_current;
+  bool m_hasFallen = false;
+  double m_length = 0.0;
+  bool m_hasLost = false;
+  double m_keptLength = 0.0;
+  std::vector<Slice> m_kept;
+};
+
+/// One clipping: the raw offset as segments, its crossings segment by segment, and the slices.
+class OffsetClipper {
+ public:
+  explicit OffsetClipper(const OffsetClip& clip);
+
+  std::vector<VertexChain> run();
+
+ private:
+  bool areNeighbours(std::size_t i, std::size_t j) const;
+  bool isNearVertex(const Vec& p, std::size_t i) const;
+  void addCut(std::size_t i, const Vec& p, bool isShared);
+  void addSelfCuts(std::size_t i, std::size_t j);
+  void addOtherCuts(std::size_t i, std::size_t j);
+  void addEndCuts(std::size_t i);
+  void collectCuts();
+  void sortCuts();
+  bool isPartClear(std::size_t i, double from, double to) const;
+  void walkSegment(std::size_t i, std::span<const Cut> cuts);
+  VertexChain chainOf(const Slice& slice) const;
+
+  const OffsetClip& m_clip;
+  std::vector<TravelSegment> m_raw;
+  std::vector<TravelSegment> m_other;
+  BoxIndex m_rawIndex;
+  bool m_isLoop;
+  Clearance m_clearance;
+  std::vector<Standing> m_standings;
+  std::vector<Cut> m_cuts;
+  SliceCollector m_strong;  // cut at strong places only
+  SliceCollector m_all;     // cut at weak ones too
+};
+
+OffsetClipper::OffsetClipper(const OffsetClip& clip)
+    : m_clip(clip),
+      m_raw(segmentsOf(clip.raw.points, clip.raw.bulges, false)),
+      m_other(segmentsOf(clip.other.points, clip.other.bulges, false)),
+      m_rawIndex(boxesOf(m_raw), BoxIndex::Order::given),
+      m_isLoop(distanceSqrd(clip.raw.points.front(), clip.raw.points.back()) == 0.0),
+      m_clearance(segmentsOf(clip.sourcePoints, clip.sourceBulges, clip.sourceClosed),
+                  clip.distance - kJoinTolerance),
+      m_standings(m_clearance.standingsOf(m_raw, m_rawIndex)),
+      m_strong(clip.raw.points.front()),
+      m_all(clip.raw.points.front()) {}
+
+bool OffsetClipper::areNeighbours(std::size_t i, std::size_t j) const {
+  const std::size_t apart = i < j ? j - i : i - j;
+  return apart == 1 || (m_isLoop && apart == m_raw.size() - 1);
+}
+
+bool OffsetClipper::isNearVertex(const Vec& p, std::size_t i) const {
+  constexpr double kReachSqrd = kMergeTolerance * kMergeTolerance;
+  const auto hasEndNear = [&](const TravelSegment& segment) {
+    return distanceSqrd(p, segment.start) <= kReachSqrd ||
+           distanceSqrd(p, segment.end) <= kReachSqrd;
+  };
+  if (hasEndNear(m_raw[i])) return true;
+  const Box around = boxOfPoint(p).inflated(kMergeTolerance);
+  return !m_rawIndex.forEachOverlap(around, [&](std::size_t j) { return !hasEndNear(m_raw[j]); });
+}
+
+/// `isShared` says that the crossing was found on two neighbours: near a vertex it is theirs.
+void OffsetClipper::addCut(std::size_t i, const Vec& p, bool isShared) {
+  const bool isWeak = isNearVertex(p, i);
+  if (isWeak && isShared) return;
+  const TravelSegment& segment = m_raw[i];
+  const double t = std::clamp(segment.paramOf(p), 0.0, 1.0);
+  Cut cut{{i, t, p}, isWeak};
+  const double toleranceSqrd = kPointTolerance * kPointTolerance;
+  if (distanceSqrd(p, segment.end) <= toleranceSqrd) {
+    cut.place = {i + 1, 0.0, segment.end};
+  } else if (distanceSqrd(p, segment.start) <= toleranceSqrd) {
+    cut.place = {i, 0.0, segment.start};
+  } else if (distanceSqrdTo(segment, p) > toleranceSqrd) {
+    cut.place.point = segment.pointAt(t);  // far from the origin rounding takes it off
+  }
+  m_cuts.push_back(cut);
+}
+
+void OffsetClipper::addSelfCuts(std::size_t i, std::size_t j) {
+  if (i == j) return;
+  const bool isShared = areNeighbours(i, j);
+  if (isShared && !m_raw[i].isArc() && !m_raw[j].isArc()) return;
+  // In one order, so that both segments are cut at one place.
+  const Meeting meeting =
+      i < j ? meetSegments(m_raw[i], m_raw[j]) : meetSegments(m_raw[j], m_raw[i]);
+  for (int k = 0; k < meeting.count; ++k)
+    addCut(i, meeting.points[k], isShared);
+}
+
+void OffsetClipper::addOtherCuts(std::size_t i, std::size_t j) {
+  const Meeting meeting = meetSegments(m_raw[i], m_other[j]);
+  for (int k = 0; k < meeting.count; ++k)
+    addCut(i, meeting.points[k], false);
+}
+
+/// Round the ends of an open source the distance ends in a circle, which no raw offset follows.
+void OffsetClipper::addEndCuts(std::size_t i) {
+  const double reachSqrd = m_clip.distance * m_clip.distance;
+  for (const Vec& end : {m_clip.sourcePoints.front(), m_clip.sourcePoints.back()}) {
+    if (m_raw[i].box().distanceSqrd(boxOfPoint(end)) > reachSqrd) continue;
+    const Meeting meeting = meetCircle(m_raw[i], end, m_clip.distance);
+    for (int k = 0; k < meeting.count; ++k)
+      addCut(i, meeting.points[k], false);
+  }
+}
+
+/// Only segments that are not buried are cut, and only by such: at a place too near to the source
+/// a cut decides nothing, because the slices on both of its sides fall.
+void OffsetClipper::collectCuts() {
+  std::vector<Box> boxes = boxesOf(m_raw);
+  for (std::size_t i = 0; i < boxes.size(); ++i)
+    boxes[i] = m_standings[i].kind == Standing::buried ? Box() : boxes[i].inflated(kCurveTolerance);
+  const BoxIndex alive(std::move(boxes), BoxIndex::Order::given);
+  const BoxIndex other(boxesOf(m_other), BoxIndex::Order::given);
+  const auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
+  forEachNearPair(alive, alive, overlap, [this](std::size_t i, std::size_t j) {
+    addSelfCuts(i, j);
+    return true;
+  });
+  forEachNearPair(alive, other, overlap, [this](std::size_t i, std::size_t j) {
+    addOtherCuts(i, j);
+    return true;
+  });
+  if (m_clip.sourceClosed || m_isLoop) return;
+  for (std::size_t i = 0; i < m_raw.size(); ++i) {
+    if (m_standings[i].kind != Standing::buried) addEndCuts(i);
+  }
+}
+
+void OffsetClipper::sortCuts() {
+  std::stable_sort(m_cuts.begin(), m_cuts.end(), [](const Cut& a, const Cut& b) {
+    if (a.place.segment != b.place.segment) return a.place.segment < b.place.segment;
+    return a.place.param < b.place.param;
+  });
+}
+
+bool OffsetClipper::isPartClear(std::size_t i, double from, double to) const {
+  const Standing& standing = m_standings[i];
+  if (standing.kind == Standing::buried) return false;
+  const bool isWhole = from == 0.0 && to == 1.0;
+  if (isWhole) return standing.kind == Standing::clear;
+  if (standing.kind == Standing::broken && from <= standing.witness && standing.witness <= to)
+    return false;
+  const TravelSegment part = m_raw[i].part(from, to);
+  // A short part of a flat arc is straight: it may come nearer than the arc.
+  if (standing.kind == Standing::clear && part.isArc() == m_raw[i].isArc()) return true;
+  return m_clearance.isKeptBy(part);
+}
+
+/// Takes one segment of the raw offset through both collectors. A part between two cuts is judged
+/// once, and only while one of the slices that it belongs to still stands.
+void OffsetClipper::walkSegment(std::size_t i, std::span<const Cut> cuts) {
+  const double length = m_raw[i].length();
+  double from = 0.0;
+  const auto addPart = [&](double to) {
+    if (!(to > from)) return;
+    const bool isOpenCase = !m_strong.hasFallen() || !m_all.hasFallen();
+    const bool isClear = isOpenCase && isPartClear(i, from, to);
+    m_strong.addPart(isClear, length * (to - from));
+    m_all.addPart(isClear, length * (to - from));
+    from = to;
+  };
+  for (const Cut& cut : cuts) {
+    addPart(cut.place.param);
+    m_all.cutAt(cut.place);
+    if (!cut.isWeak) m_strong.cutAt(cut.place);
+  }
+  addPart(1.0);
+}
+
+VertexChain OffsetClipper::chainOf(const Slice& slice) const {
+  VertexChain chain;
+  const auto addPart = [&](std::size_t i, double from, double to, const Vec& start) {
+    const TravelSegment& segment = m_raw[i];
+    const bool isWhole = from == 0.0 && to == 1.0;
+    chain.add(start, isWhole ? segment.bulge : bulgeOfSweep(segment.sweep() * (to - from)));
+  };
+  const std::size_t count = slice.to.segment - slice.from.segment + 2;
+  chain.points.reserve(count);
+  chain.bulges.reserve(count);
+  double from = slice.from.param;
+  Vec start = slice.from.point;
+  for (std::size_t i = slice.from.segment; i < slice.to.segment; ++i) {
+    addPart(i, from, 1.0, start);
+    from = 0.0;
+    start = m_raw[i].end;
+  }
+  if (slice.to.param > from) addPart(slice.to.segment, from, slice.to.param, start);
+  chain.add(slice.to.point, 0.0);
+  return chain;
+}
+
+std::vector<VertexChain> OffsetClipper::run() {
+  collectCuts();
+  sortCuts();
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < m_raw.size(); ++i) {
+    const std::size_t first = next;
+    while (next < m_cuts.size() && m_cuts[next].place.segment == i)
+      ++next;
+    walkSegment(i, std::span(m_cuts).subspan(first, next - first));
+  }
+  const RawPlace end{m_raw.size(), 0.0, m_clip.raw.points.back()};
+  m_strong.cutAt(end);
+  m_all.cutAt(end);
+
+  const bool weakCutsHelp = m_strong.hasLost() && m_all.keptLength() > m_strong.keptLength();
+  std::vector<VertexChain> chains;
+  for (const Slice& slice : (weakCutsHelp ? m_all : m_strong).kept())
+    chains.push_back(chainOf(slice));
+  return chains;
+}
+
+}  // namespace
+
+std::vector<VertexChain> clippedOffset(const OffsetClip& clip) {
+  if (clip.raw.size() < 2) return {};
+  if (clip.distance == 0.0) return {clip.raw};
+  return OffsetClipper(clip).run();
+}
+
+}  // namespace qdr

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include "geometry/internal/vec.h"
+
+namespace qdr {
+
+/// Vertices of a chain and the bulge of the segment that starts at each.
+struct VertexChain {
+  std::vector<Vec> points;
+  std::vector<double> bulges;
+
+  std::size_t size() const { return points.size(); }
+  void add(const Vec& point, double bulge) {
+    points.push_back(point);
+    bulges.push_back(bulge);
+  }
+};
+
+/// What an offset is asked for. `direction` is +1 for the left of the travel, -1 for the right.
+struct OffsetRequest {
+  double distance = 0.0;
+  int direction = 1;
+  bool closed = false;
+};
+
+/// The chain as the raw offset wants it: vertices within 0.05 of the one kept before are merged,
+/// arcs that turn toward the offset side and are no larger than the distance become their chords,
+/// and a segment that its neighbour crosses a second time is split between crossing and vertex.
+VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& request);
+
+/// Every segment moved by the distance and joined to its follower; crossings with itself stay in.
+/// A closed chain repeats its first vertex at the end. The chain itself when no segment can be
+/// offset.
+VertexChain rawOffset(const VertexChain& chain, const OffsetRequest& request);
+
+}  // namespace qdr
