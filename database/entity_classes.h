@@ -10,6 +10,7 @@ class CQdrDbDatabase;
 class CQdrDbEntity;
 class CQdrDbTableRecord;
 class CQdrUndoHandler;
+struct EntityTransforms;
 
 namespace qdr {
 
@@ -21,18 +22,26 @@ struct EntityClass {
   /// Status bits at construction, CQdrDbObject::ObjectStatus.
   std::uint8_t status;
 
+  /// Bytes of an entity in a file without extended data, from the object head on; what counts that
+  /// stand in its own fields add comes on top.
+  std::uint16_t bodyBytes;
+
   /// An entity for the file reader to fill; null when a file cannot bring one.
-  CQdrDbEntity* (*make)(CQdrDbDatabase* database);
+  CQdrDbEntity* (*make)(CQdrDbDatabase* database) = nullptr;
 
   /// A copy with an identity of its own; null when the class cannot be copied.
-  CQdrDbEntity* (*copy)(CQdrDbEntity& source);
+  CQdrDbEntity* (*copy)(CQdrDbEntity& source) = nullptr;
 
   /// Plays the handler's current record; null when steps on the class are not recorded.
-  bool (*undo)(CQdrUndoHandler& handler, bool redo);
+  bool (*undo)(CQdrUndoHandler& handler, bool redo) = nullptr;
 
-  bool trimmable;
-  bool extendable;
-  bool explodable;
+  /// Own transforms of a class that is no curve; null when the virtual ones leave it alone.
+  const EntityTransforms* transforms = nullptr;
+
+  /// What commands let through to Trim and Extend, and what they explode.
+  bool trimmable = false;
+  bool extendable = false;
+  bool explodable = false;
 
   // Duties of the classes that hold or name more than others; null for the rest.
 

@@ -114,4 +114,5 @@ class QDR_API CQdrUndoHandler {
   bool makeUndo(QdrDb::ClassType type);
   bool playAs(QdrDb::ClassType type, bool redo);
   bool playCurrent(bool redo);
+  void invalidateView();
 };

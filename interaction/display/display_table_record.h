@@ -39,6 +39,9 @@ class QDR_API CQdrDbDisplayTableRecord : public CQdrDbTableRecord {
   /// An iterator for the caller to delete.
   bool newIterator(CQdrDbEntSetIterator*& iterator, bool atStart = true);
 
+  /// Logical units per pixel in x; 0 before the first mapping.
+  double pixelSize() const { return m_scaleX; }
+
   void setLimits(const CQdrGePoint2d& min, const CQdrGePoint2d& max);
   void getLimits(CQdrGePoint2d& min, CQdrGePoint2d& max) const;
 
