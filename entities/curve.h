@@ -20,6 +20,9 @@ class QDR_API CQdrDbCurve : public CQdrDbEntity {
   /// Lets hatches follow when this curve carries a boundary tag.
   void OnCurveChanged() override;
   int isOn(const CQdrGePoint2d& point, const double& tol) override;
+  /// All grips inside; any grip inside or a side crossed. Classes narrow this to certain grips.
+  bool checkInsideOrCross(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) override;
+  bool checkInside(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) override;
   bool IsCurveEntity() const override;
   bool IsClosedCurve() override;
   int IsBoundary() const override;
@@ -56,16 +59,19 @@ class QDR_API CQdrDbCurve : public CQdrDbEntity {
   void clearVertexArrayValid() { m_vertexArrayValid = false; }
 
  protected:
-  CQdrDbCurve(CQdrDbDatabase* database, CQdrGeEntity2d& geometry);
+  explicit CQdrDbCurve(CQdrDbDatabase* database);
+
+  /// Stores the class tag and status bits of the concrete class and where its geometry is.
+  void setClassInfo(QdrDb::ClassType type, CQdrGeEntity2d& geometry, std::uint8_t status = eEntity);
 
   /// True when a side of the rectangle crosses this curve.
-  bool crossesRect(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2);
-  /// True when one of the grips `first` to `last` lies in the rectangle.
+  bool crossesRect(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) const;
+  /// Over the grips from `first` up to and without `last`; all of none are not inside.
   bool anyGripInside(std::size_t first, std::size_t last, const CQdrGePoint2d& corner1,
                      const CQdrGePoint2d& corner2) const;
   bool allGripsInside(std::size_t first, std::size_t last, const CQdrGePoint2d& corner1,
                       const CQdrGePoint2d& corner2) const;
 
-  CQdrGeEntity2d* m_curve;
+  CQdrGeEntity2d* m_curve = nullptr;
   bool m_vertexArrayValid = false;
 };

@@ -138,7 +138,8 @@ class QDR_API CQdrDbEntity : public CQdrDbObject {
   /// extended data.
   void SetEntProperty();
   /// Looks the own colour, linetype and layer up again, by name, in the present database; for an
-  /// entity that came from another one. Misses become "256", "ByLayer" and "0".
+  /// entity that came from another one. A missing colour gets a record, the others become "ByLayer"
+  /// and "0".
   void SetEntPropertyToThis();
   /// Layer, linetype, colour, line weight and boundary tag of another entity.
   void CopyEntProperties(const CQdrDbEntity& other);
@@ -201,6 +202,8 @@ class QDR_API CQdrDbEntity : public CQdrDbObject {
   /// Builds the grips of a class whose points are known, and refreshes the entity rectangle.
   void storeGripPoints(std::initializer_list<CQdrGePoint2d> points);
   void updateEntityRect();
+  /// Deletes the cached pen.
+  void freePen();
 
   std::int32_t m_boundaryTag = 0;
   QdrDb::LineWeight m_lineWeight{};

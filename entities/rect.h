@@ -3,7 +3,6 @@
 #include "entities/entity.h"
 
 class CQdrGePolyline2d;
-class CQdrGeVector2d;
 
 /// An axis-parallel rectangle: an entity of its own, and the box that every GetOutRect answers.
 ///
@@ -24,6 +23,8 @@ class QDR_API CQdrDbRect : public CQdrDbEntity {
   static CQdrDbRect around(double minX, double minY, double maxX, double maxY);
   /// The box around points; (0, 0, 0, 0) for none.
   static CQdrDbRect around(const std::vector<CQdrGePoint2d>& points);
+  /// The same in world units around points of a vertex array, which are logical.
+  static CQdrDbRect around(const std::vector<CPoint>& logicalPoints);
 
   CQdrDbEntity& operator=(const CQdrDbEntity& other) override;
   CQdrDbRect& operator=(const CQdrDbRect& other);
@@ -86,6 +87,8 @@ class QDR_API CQdrDbRect : public CQdrDbEntity {
   CQdrDbRect& mirror(const CQdrGeLine2d& line);
 
  private:
+  template <class Stream>
+  void fields(Stream& stream);
   void setCorners(const CQdrGePoint2d& leftTop, const CQdrGePoint2d& rightBottom);
 
   double m_top = 0.0;

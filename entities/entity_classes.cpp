@@ -1,0 +1,151 @@
+#include "database/entity_classes.h"
+
+#include <array>
+#include <memory>
+
+#include "entities/arc.h"
+#include "entities/circle.h"
+#include "entities/internal/entity_transforms.h"
+#include "entities/internal/undo_rows.h"
+#include "entities/line.h"
+#include "entities/point.h"
+#include "entities/rect.h"
+
+namespace {
+
+using qdr::EntityClass;
+
+constexpr std::uint8_t kPlain = CQdrDbObject::eEntity;
+constexpr std::uint8_t kCompound = CQdrDbObject::eEntity | CQdrDbObject::eCompound;
+constexpr std::uint8_t kDimension = CQdrDbObject::eDimension;
+constexpr std::uint8_t kHidden = CQdrDbObject::eEntity | CQdrDbObject::eInvisible;
+
+template <class Class>
+CQdrDbEntity* make(CQdrDbDatabase* database) {
+  return std::make_unique<Class>(database).release();
+}
+
+template <class Class>
+CQdrDbEntity* copy(CQdrDbEntity& source) {
+  return std::make_unique<Class>(static_cast<const Class&>(source)).release();
+}
+
+// Scaling leaves a point where it is.
+constexpr EntityTransforms kPointTransforms = {
+    .transformBy =
+        [](CQdrDbEntity& entity, const CQdrGeMatrix2d& matrix) {
+          auto& point = static_cast<CQdrDbPoint&>(entity);
+          point.SetPosition(CQdrGePoint2d(point.Position()).transformBy(matrix));
+        },
+    .translateBy =
+        [](CQdrDbEntity& entity, const CQdrGeVector2d& vector) {
+          auto& point = static_cast<CQdrDbPoint&>(entity);
+          point.SetPosition(CQdrGePoint2d(point.Position()) += vector);
+        },
+    .rotateBy =
+        [](CQdrDbEntity& entity, double angle, const CQdrGePoint2d& center) {
+          auto& point = static_cast<CQdrDbPoint&>(entity);
+          point.SetPosition(CQdrGePoint2d(point.Position()).rotateBy(angle, center));
+        },
+    .scaleByXY = nullptr,
+    .scaleBy = nullptr,
+    .mirror =
+        [](CQdrDbEntity& entity, const CQdrGeLine2d& line) {
+          auto& point = static_cast<CQdrDbPoint&>(entity);
+          point.SetPosition(CQdrGePoint2d(point.Position()).mirror(line));
+        },
+};
+
+// One row per class; what is left out of a row is null or false.
+constexpr EntityClass kClasses[] = {
+    {.type = QdrDb::eClassArc,
+     .status = kPlain,
+     .bodyBytes = 83,
+     .make = make<CQdrDbArc>,
+     .copy = copy<CQdrDbArc>,
+     .undo = qdr::playUndoRows<qdr::kArcUndo>,
+     .trimmable = true,
+     .extendable = true},
+    {.type = QdrDb::eClassCircle,
+     .status = kPlain,
+     .bodyBytes = 83,
+     .make = make<CQdrDbCircle>,
+     .copy = copy<CQdrDbCircle>,
+     .undo = qdr::playUndoRows<qdr::kCircleUndo>,
+     .trimmable = true},
+    {.type = QdrDb::eClassEllipse, .status = kPlain, .bodyBytes = 124, .trimmable = true},
+    {.type = QdrDb::eClassEllipseArc,
+     .status = kPlain,
+     .bodyBytes = 124,
+     .trimmable = true,
+     .extendable = true},
+    {.type = QdrDb::eClassLine,
+     .status = kPlain,
+     .bodyBytes = 79,
+     .make = make<CQdrDbLine>,
+     .copy = copy<CQdrDbLine>,
+     .undo = qdr::playUndoRows<qdr::kLineUndo>,
+     .trimmable = true,
+     .extendable = true},
+    {.type = QdrDb::eClassPolyline,
+     .status = kCompound,
+     .bodyBytes = 49,
+     .trimmable = true,
+     .extendable = true,
+     .explodable = true},
+    {.type = QdrDb::eClassSpline, .status = kCompound, .bodyBytes = 56, .explodable = true},
+    {.type = QdrDb::eClassCSpline,
+     .status = kCompound,
+     .bodyBytes = 44,
+     .trimmable = true,
+     .extendable = true},
+    {.type = QdrDb::eClassSpiral, .status = kCompound, .bodyBytes = 100, .explodable = true},
+    {.type = QdrDb::eClassCobweb, .status = kPlain, .bodyBytes = 83, .explodable = true},
+    {.type = QdrDb::eClassBlockInsert, .status = kCompound, .bodyBytes = 253, .explodable = true},
+    {.type = QdrDb::eClassHatch, .status = kPlain, .bodyBytes = 141},
+    {.type = QdrDb::eClassPoint,
+     .status = kPlain,
+     .bodyBytes = 69,
+     .make = make<CQdrDbPoint>,
+     .copy = copy<CQdrDbPoint>,
+     .transforms = &kPointTransforms},
+    {.type = QdrDb::eClassText, .status = kPlain, .bodyBytes = 637},
+    {.type = QdrDb::eClassRect,
+     .status = kPlain,
+     .bodyBytes = 71,
+     .make = make<CQdrDbRect>,
+     .copy = copy<CQdrDbRect>,
+     .undo = qdr::playUndoRows<qdr::kRectUndo>,
+     .transforms = &qdr::kTransformsOf<CQdrDbRect>},
+    {.type = QdrDb::eClassDimension, .status = kDimension, .bodyBytes = 603},
+    {.type = QdrDb::eClass2LineAngularDimension, .status = kDimension, .bodyBytes = 723},
+    {.type = QdrDb::eClass3PointAngularDimension, .status = kDimension, .bodyBytes = 683},
+    {.type = QdrDb::eClassAlignedDimension, .status = kDimension, .bodyBytes = 671},
+    {.type = QdrDb::eClassDiametricDimension, .status = kDimension, .bodyBytes = 651},
+    {.type = QdrDb::eClassHorizontalDimension, .status = kDimension, .bodyBytes = 1274},
+    {.type = QdrDb::eClassLeaderDimension, .status = kDimension, .bodyBytes = 662},
+    {.type = QdrDb::eClassRadialDimension, .status = kDimension, .bodyBytes = 651},
+    {.type = QdrDb::eClassVerticalDimension, .status = kDimension, .bodyBytes = 1274},
+    {.type = QdrDb::eClassBox, .status = kPlain, .bodyBytes = 83},
+    {.type = QdrDb::eClassSymbol, .status = kCompound, .bodyBytes = 306},
+    {.type = QdrDb::eClassTextTable, .status = kHidden, .bodyBytes = 205},
+};
+
+// Rows by class type; entities bear the numbers below that of the first table.
+constexpr auto kRowByType = [] {
+  std::array<const EntityClass*, QdrDb::eClassBlockTable> rows{};
+  for (const EntityClass& row : kClasses)
+    rows[row.type] = &row;
+  return rows;
+}();
+
+}  // namespace
+
+namespace qdr {
+
+const EntityClass* entityClass(QdrDb::ClassType type) {
+  const auto index = static_cast<std::uint32_t>(type);
+  return index < kRowByType.size() ? kRowByType[index] : nullptr;
+}
+
+}  // namespace qdr

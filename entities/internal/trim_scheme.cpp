@@ -1,0 +1,59 @@
+#include "entities/internal/trim_scheme.h"
+
+#include <iterator>
+
+#include "database/database.h"
+#include "entities/curve.h"
+
+namespace qdr {
+
+std::vector<CQdrGePoint2d> boundaryPoints(CQdrDbEntity& curve,
+                                          const std::vector<CQdrDbEntity*>& boundaries, int mode,
+                                          double tol) {
+  std::vector<CQdrGePoint2d> all;
+  for (CQdrDbEntity* boundary : boundaries) {
+    int count = 0;
+    std::vector<CQdrGePoint2d> points;
+    if (boundary && curve.intersectWith(*boundary, count, points, mode, tol))
+      all.insert(all.end(), points.begin(), points.end());
+  }
+  return all;
+}
+
+CrossingMap boundaryCrossings(CQdrDbCurve& curve, const std::vector<CQdrDbEntity*>& boundaries,
+                              double tol) {
+  CrossingMap crossings;
+  for (const CQdrGePoint2d& point :
+       boundaryPoints(curve, boundaries, CQdrGeEntity2d::kExtendNone, tol))
+    crossings[curve.paramAtPoint(point, tol)] = point;
+  return crossings;
+}
+
+double paramOfPick(const CQdrDbCurve& curve, const CQdrGePoint2d& pick) {
+  const CQdrGePoint2d onCurve = curve.curve()->closestPointTo(pick, kCurveTolerance);
+  return curve.paramAtPoint(onCurve, kCurveTolerance);
+}
+
+TrimCut chooseCut(const CrossingMap& crossings, double pick) {
+  if (crossings.empty()) return {};
+  const auto first = crossings.begin();
+  const auto last = std::prev(crossings.end());
+  if (!(pick > first->first)) return {.part = TrimPart::kStart, .after = *first};
+  if (!(last->first > pick)) return {.part = TrimPart::kEnd, .before = *last};
+  const auto after = crossings.lower_bound(pick);
+  return {.part = TrimPart::kMiddle, .before = *std::prev(after), .after = *after};
+}
+
+tagUndoEditEntity undoRecord(const CQdrDbEntity& entity, int operation) {
+  tagUndoEditEntity record;
+  record.continued = 0;
+  record.operation = operation;
+  record.entityId = entity.objectId();
+  return record;
+}
+
+void addUndo(const CQdrDbEntity& entity, tagUndoEditEntity record) {
+  if (entity.IsDbEntity() && entity.database()) entity.database()->m_undoHandler.AddUndo(record);
+}
+
+}  // namespace qdr
