@@ -27,7 +27,7 @@ struct MenuItem {
   unsigned id = 0;
   std::wstring text;
   bool enabled = true;
-  std::shared_ptr<CMenu> submenu;
+  std::shared_ptr<CMenu> submenu = nullptr;
 };
 
 /// One submenu of a menu resource.

@@ -2,6 +2,7 @@
 
 #include "platform/file_system.h"
 #include "platform/headless/console_ui.h"
+#include "platform/headless/headless_platform.h"
 #include "platform/system.h"
 
 namespace {
@@ -13,7 +14,8 @@ Interface* chosen(Interface* given, Interface* otherwise) {
 
 PlatformContext headlessContext() {
   static qdr::ConsoleUi ui;
-  PlatformContext context;
+  static qdr::HeadlessPlatform headless;
+  PlatformContext context = headless.context();
   context.files = &qdr::machineFiles();
   context.system = &qdr::machineSystem();
   context.ui = &ui;

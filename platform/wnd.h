@@ -39,6 +39,9 @@ class QDR_API IWindow {
   virtual void show(bool /*visible*/) {}
   virtual void enable(bool /*enabled*/) {}
   virtual void close() {}
+
+  /// The window goes, or takes another peer; it is not to be called any more.
+  virtual void detached() {}
 };
 
 namespace qdr {
@@ -120,18 +123,21 @@ class QDR_API CWnd {
   virtual LRESULT WindowProc(unsigned message, WPARAM wParam, LPARAM lParam);
 
  protected:
+  // Handlers of the messages; these do nothing, and the two that answer say false.
   virtual void OnPaint() {}
   virtual void OnSize(unsigned /*type*/, int /*cx*/, int /*cy*/) {}
   virtual void OnClose() {}
-  virtual bool OnCommand(WPARAM wParam, LPARAM lParam);
-  virtual void OnKeyDown(unsigned key, unsigned repeat, unsigned flags);
-  virtual void OnKeyUp(unsigned key, unsigned repeat, unsigned flags);
-  virtual void OnChar(unsigned character, unsigned repeat, unsigned flags);
-  virtual void OnMouseMove(unsigned flags, CPoint point);
-  virtual void OnLButtonDown(unsigned flags, CPoint point);
-  virtual void OnLButtonUp(unsigned flags, CPoint point);
-  virtual void OnRButtonDown(unsigned flags, CPoint point);
-  virtual bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
+  virtual bool OnCommand(WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
+  virtual void OnKeyDown(unsigned /*key*/, unsigned /*repeat*/, unsigned /*flags*/) {}
+  virtual void OnKeyUp(unsigned /*key*/, unsigned /*repeat*/, unsigned /*flags*/) {}
+  virtual void OnChar(unsigned /*character*/, unsigned /*repeat*/, unsigned /*flags*/) {}
+  virtual void OnMouseMove(unsigned /*flags*/, CPoint /*point*/) {}
+  virtual void OnLButtonDown(unsigned /*flags*/, CPoint /*point*/) {}
+  virtual void OnLButtonUp(unsigned /*flags*/, CPoint /*point*/) {}
+  virtual void OnRButtonDown(unsigned /*flags*/, CPoint /*point*/) {}
+  virtual bool OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
+    return false;
+  }
 
   /// Tells the peer that the model is another one.
   void contentChanged();
