@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <unordered_set>
 #include <vector>
 
@@ -10,6 +11,7 @@ class CDC;
 class CQdrDbCurve;
 class CQdrDbEntity;
 class CQdrDbTableRecord;
+class CQdrGeVector2d;
 
 // What the database asks of the entities that it holds. The entity classes stand above the
 // database: these are declared here and defined beside them, in entities/entity_access.cpp.
@@ -67,6 +69,12 @@ bool boundaryChanged(CQdrDbEntity& entity, CQdrDbCurve* curve);
 
 /// Hatches drop boundaries and inserts drop members that are about to be deleted.
 void forgetEntities(CQdrDbEntity& keeper, const EntitySet& gone);
+
+/// All entities of a block have been read: a hatch binds its boundaries to them.
+void blockLoaded(CQdrDbEntity& entity, std::set<CQdrDbObjectId>& members);
+
+/// Moves what follows the base of a block: curves, texts and inserts. All else stays.
+void shiftWithBlock(CQdrDbEntity& entity, const CQdrGeVector2d& shift);
 
 /// The name of a text table; empty for every other class.
 CString textTableName(const CQdrDbEntity& entity);

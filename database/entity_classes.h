@@ -54,6 +54,9 @@ struct EntityClass {
   /// A hatch drops boundaries and an insert drops members that are about to be deleted.
   void (*forget)(CQdrDbEntity& keeper, const EntitySet& gone) = nullptr;
 
+  /// All entities of its block have been read: a hatch binds its boundaries to them.
+  void (*blockLoaded)(CQdrDbEntity& hatch, std::set<CQdrDbObjectId>& members) = nullptr;
+
   /// The record that it uses beside layer, linetype and colour: style of a text, block of an
   /// insert, outline of a symbol. Answered as the entity keeps it; it may be gone.
   CQdrDbTableRecord* (*usedRecord)(const CQdrDbEntity& entity) = nullptr;

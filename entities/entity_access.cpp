@@ -3,6 +3,7 @@
 #include "database/database.h"
 #include "database/entity_classes.h"
 #include "entities/entity.h"
+#include "geometry/vector2d.h"
 
 namespace {
 
@@ -148,6 +149,20 @@ bool boundaryChanged(CQdrDbEntity& entity, CQdrDbCurve* curve) {
 void forgetEntities(CQdrDbEntity& keeper, const EntitySet& gone) {
   const EntityClass* row = rowOf(keeper);
   if (row && row->forget) row->forget(keeper, gone);
+}
+
+void blockLoaded(CQdrDbEntity& entity, std::set<CQdrDbObjectId>& members) {
+  const EntityClass* row = rowOf(entity);
+  if (row && row->blockLoaded) row->blockLoaded(entity, members);
+}
+
+void shiftWithBlock(CQdrDbEntity& entity, const CQdrGeVector2d& shift) {
+  const QdrDb::ClassType type = entity.classType();
+  const bool follows =
+      entity.IsCurveEntity() || type == QdrDb::eClassText || type == QdrDb::eClassBlockInsert;
+  if (!follows) return;
+  entity.TranslateBy(shift);
+  entity.setGripPoints();
 }
 
 CString textTableName(const CQdrDbEntity& entity) {

@@ -30,6 +30,9 @@ class QDR_API CQdrDbDisplayTableRecord : public CQdrDbTableRecord {
   CDC* GetCurrentDC(CView*& view, CDC*& dc) const;
   CDC* getDC() const { return m_dc; }
 
+  /// The visible window in logical units; its top is the smaller y.
+  const CRect& getLogicalWindow() const { return m_logicalWindow; }
+
   void setEntityToMem(const std::set<CQdrDbObjectId>& ids);
   void addEntity(const CQdrDbObjectId& id);
   void removeEntity(const CQdrDbObjectId& id);
