@@ -165,6 +165,9 @@ class PosixFiles : public IFileSystem {
     const auto facts = factsOf(path);
     error = facts ? refusalOf(path, *facts) : std::string();
     if (path.empty() || path.back() == '/') error = reasonOf(path.empty() ? ENOENT : EISDIR);
+    // What is a link still, after resolve, is one of a ring of links.
+    std::error_code none;
+    if (fs::is_symlink(path, none)) error = reasonOf(ELOOP);
     if (!error.empty()) return nullptr;
     const std::string folder = path.substr(0, path.rfind('/') + 1);
     std::string name;
