@@ -14,6 +14,8 @@ struct EntityTransforms;
 
 namespace qdr {
 
+struct DrawnBox;
+
 /// What the rest of the system must know of one concrete entity class. The rows stand in
 /// entities/entity_classes.cpp; whatever differs between classes by data alone is read here.
 struct EntityClass {
@@ -37,6 +39,9 @@ struct EntityClass {
 
   /// Own transforms of a class that is no curve; null when the virtual ones leave it alone.
   const EntityTransforms* transforms = nullptr;
+
+  /// Box of what it draws; null where the box around GetOutRect answers.
+  DrawnBox (*drawnBox)(CQdrDbEntity& entity) = nullptr;
 
   /// What commands let through to Trim and Extend, and what they explode.
   bool trimmable = false;

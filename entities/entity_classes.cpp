@@ -1,10 +1,14 @@
 #include "database/entity_classes.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <memory>
 
+#include "database/database.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
+#include "entities/drawn_box.h"
 #include "entities/internal/entity_transforms.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/line.h"
@@ -55,6 +59,21 @@ constexpr EntityTransforms kPointTransforms = {
           point.SetPosition(CQdrGePoint2d(point.Position()).mirror(line));
         },
 };
+
+// A marker without a size of its own is sized in pixels of the view, which `pixels` carries.
+qdr::DrawnBox pointDrawnBox(CQdrDbEntity& entity) {
+  const auto& point = static_cast<CQdrDbPoint&>(entity);
+  qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
+  const double half = std::max(point.Size(), 0.0);
+  box.minX -= half;
+  box.minY -= half;
+  box.maxX += half;
+  box.maxY += half;
+  const CQdrDbDatabase* database = point.database();
+  if (!(point.Size() > 0.0) && database) box.pixels += database->m_vars.pointSize;
+  box.known = box.known && std::isfinite(half);
+  return box;
+}
 
 // One row per class; what is left out of a row is null or false.
 constexpr EntityClass kClasses[] = {
@@ -108,7 +127,8 @@ constexpr EntityClass kClasses[] = {
      .bodyBytes = 69,
      .make = make<CQdrDbPoint>,
      .copy = copy<CQdrDbPoint>,
-     .transforms = &kPointTransforms},
+     .transforms = &kPointTransforms,
+     .drawnBox = pointDrawnBox},
     {.type = QdrDb::eClassText, .status = kPlain, .bodyBytes = 637},
     {.type = QdrDb::eClassRect,
      .status = kPlain,
