@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "platform/axis_map.h"
 #include "platform/device_surface.h"
@@ -121,7 +122,8 @@ class QDR_API CDC {
   int GetDeviceCaps(int index) const;
   bool IsPrinting() const { return m_surface && m_surface->isPrinting(); }
 
-  // Images. The source maps through its own context; a copy that cannot be made answers false.
+  // Images. The source maps through its own context, and may be null for an operation that reads
+  // none; a copy that cannot be made answers false.
   bool BitBlt(int x, int y, int cx, int cy, const CDC* source, int sourceX, int sourceY,
               std::uint32_t rop);
   bool StretchBlt(int x, int y, int cx, int cy, const CDC* source, int sourceX, int sourceY,
@@ -144,6 +146,7 @@ class QDR_API CDC {
  private:
   CPoint toDevice(POINT point) const;
   CRect toDeviceRect(const RECT& rect) const;
+  void drawTextAt(CPoint reference, std::wstring_view text, double advance);
   void mappingChanged();
   const qdr::DeviceState& strokeState();
   const qdr::DeviceState& paintState();

@@ -114,10 +114,10 @@ class QDR_API CPen : public CGdiObject {
  public:
   CPen();
   CPen(int style, int width, COLORREF color);
-  CPen(int style, int width, const LOGBRUSH* brush, int count = 0, const DWORD* lengths = nullptr);
+  CPen(int style, int width, const LOGBRUSH* brush, int count, const DWORD* lengths = nullptr);
 
   bool CreatePen(int style, int width, COLORREF color);
-  bool CreatePen(int style, int width, const LOGBRUSH* brush, int count = 0,
+  bool CreatePen(int style, int width, const LOGBRUSH* brush, int count,
                  const DWORD* lengths = nullptr);
   bool CreatePenIndirect(const LOGPEN* pen);
   bool ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD count = 0,

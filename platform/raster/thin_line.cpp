@@ -1,0 +1,103 @@
+#include "platform/raster/thin_line.h"
+
+#include <algorithm>
+
+namespace qdr {
+
+namespace {
+
+// Twice a product of two 33-bit lengths passes 64 bits.
+__extension__ using Int128 = __int128;
+
+// Products of lengths below this stay within 64 bits.
+constexpr std::int64_t kShort = std::int64_t{1} << 30;
+
+template <class Wide>
+Wide ceilDiv(Wide top, Wide bottom) {
+  return top > 0 ? (top - 1) / bottom + 1 : top / bottom;
+}
+
+StepRange overlap(StepRange a, StepRange b) {
+  return {std::max(a.first, b.first), std::min(a.last, b.last)};
+}
+
+}  // namespace
+
+ThinLine::ThinLine(CPoint from, CPoint to) : m_from(from) {
+  const std::int64_t dx = std::int64_t{to.x} - from.x;
+  const std::int64_t dy = std::int64_t{to.y} - from.y;
+  const std::int64_t width = dx < 0 ? -dx : dx;
+  const std::int64_t height = dy < 0 ? -dy : dy;
+  m_steep = height > width;
+  m_length = m_steep ? height : width;
+  m_rise = m_steep ? width : height;
+  m_alongSign = (m_steep ? dy : dx) < 0 ? -1 : 1;
+  m_acrossSign = (m_steep ? dx : dy) < 0 ? -1 : 1;
+  m_bias = m_acrossSign > 0 ? -1 : 0;
+}
+
+// The pixel across at step i is floor((2 i rise + length + bias) / (2 length)); the steps at which
+// it lies within [low, high) follow by solving for i.
+template <class Wide>
+StepRange ThinLine::insideAcross(std::int64_t low, std::int64_t high, StepRange range) const {
+  const Wide half = Wide{m_length} + m_bias;
+  const auto firstReaching = [&](std::int64_t across) {
+    if (across <= 0) return range.first;
+    if (across > m_rise) return range.last;
+    const Wide step = ceilDiv<Wide>(2 * Wide{m_length} * across - half, 2 * Wide{m_rise});
+    return static_cast<std::int64_t>(std::min<Wide>(step, range.last));
+  };
+  return overlap(range, {firstReaching(low), firstReaching(high)});
+}
+
+StepRange ThinLine::inside(const CRect& clip, std::int64_t end) const {
+  std::int64_t alongLow = m_steep ? clip.top : clip.left;
+  std::int64_t alongHigh = m_steep ? clip.bottom : clip.right;
+  std::int64_t acrossLow = m_steep ? clip.left : clip.top;
+  std::int64_t acrossHigh = m_steep ? clip.right : clip.bottom;
+  const std::int64_t alongStart = m_steep ? m_from.y : m_from.x;
+  const std::int64_t acrossStart = m_steep ? m_from.x : m_from.y;
+
+  // Distances from the start, counted in the direction of travel.
+  const auto relative = [](std::int64_t& low, std::int64_t& high, std::int64_t start, int sign) {
+    const std::int64_t a = sign > 0 ? low - start : start - (high - 1);
+    const std::int64_t b = sign > 0 ? high - start : start - (low - 1);
+    low = a;
+    high = b;
+  };
+  relative(alongLow, alongHigh, alongStart, m_alongSign);
+  relative(acrossLow, acrossHigh, acrossStart, m_acrossSign);
+
+  const StepRange range = overlap({0, end}, {alongLow, alongHigh});
+  if (range.isEmpty()) return {};
+  if (acrossLow <= 0 && acrossHigh > m_rise) return range;
+  if (acrossHigh <= 0 || acrossLow > m_rise) return {};
+  return m_length < kShort ? insideAcross<std::int64_t>(acrossLow, acrossHigh, range)
+                           : insideAcross<Int128>(acrossLow, acrossHigh, range);
+}
+
+ThinLine::Walk ThinLine::walkFrom(std::int64_t step, int stride) const {
+  Walk walk;
+  std::int64_t across = 0;
+  if (step == 0 || m_length == 0) {
+    walk.error = m_bias - m_length;
+  } else if (m_length < kShort) {
+    const std::int64_t total = 2 * step * m_rise + m_length + m_bias;
+    across = total / (2 * m_length);
+    walk.error = total - across * 2 * m_length - 2 * m_length;
+  } else {
+    const Int128 total = 2 * Int128{step} * m_rise + m_length + m_bias;
+    across = static_cast<std::int64_t>(total / (2 * m_length));
+    walk.error = static_cast<std::int64_t>(total - Int128{across} * 2 * m_length) - 2 * m_length;
+  }
+  const std::int64_t x = m_from.x + (m_steep ? across * m_acrossSign : step * m_alongSign);
+  const std::int64_t y = m_from.y + (m_steep ? step * m_alongSign : across * m_acrossSign);
+  walk.offset = y * stride + x;
+  walk.along = m_steep ? std::ptrdiff_t{m_alongSign} * stride : m_alongSign;
+  walk.across = m_steep ? m_acrossSign : std::ptrdiff_t{m_acrossSign} * stride;
+  walk.gain = 2 * m_rise;
+  walk.loss = 2 * m_length;
+  return walk;
+}
+
+}  // namespace qdr

@@ -1,0 +1,170 @@
+#include "platform/raster/thin_stroke.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/raster/dash_cursor.h"
+#include "platform/raster/span_painter.h"
+#include "platform/raster/thin_line.h"
+
+namespace qdr {
+
+namespace {
+
+// The three ways a pixel is painted; the loops are compiled once for each.
+struct CopyPaint {
+  Pixel* base;
+  Pixel value;
+  void operator()(std::ptrdiff_t offset) const { base[offset] = value; }
+};
+
+struct CombinePaint {
+  Pixel* base;
+  PixelOp op;
+  void operator()(std::ptrdiff_t offset) const { base[offset] = op(base[offset]); }
+};
+
+struct MaskedPaint {
+  Pixel* base;
+  PixelOp op;
+  CoverageMask* mask;
+  void operator()(std::ptrdiff_t offset) const {
+    if (mask->claim(static_cast<std::size_t>(offset))) base[offset] = op(base[offset]);
+  }
+};
+
+bool boxMisses(CPoint a, CPoint b, const CRect& clip) {
+  return std::max(a.x, b.x) < clip.left || std::min(a.x, b.x) >= clip.right ||
+         std::max(a.y, b.y) < clip.top || std::min(a.y, b.y) >= clip.bottom;
+}
+
+bool isWithin(CPoint p, const CRect& clip) {
+  return p.x >= clip.left && p.x < clip.right && p.y >= clip.top && p.y < clip.bottom;
+}
+
+template <class Paint>
+class ThinStroker {
+ public:
+  ThinStroker(const RasterCall& call, PixelOp op, const Paint& paint)
+      : m_clip(call.clip),
+        m_stride(call.pixels.stride()),
+        m_spans(call.pixels, call.clip, op, call.mask),
+        m_paint(paint) {}
+
+  void solid(CPoint a, CPoint b, bool withEnd) {
+    if (boxMisses(a, b, m_clip)) return;
+    if (a.y == b.y) return level(a, b, withEnd);
+    const ThinLine line(a, b);
+    StepRange range{0, line.length() + (withEnd ? 1 : 0)};
+    if (!isWithin(a, m_clip) || !isWithin(b, m_clip)) range = line.inside(m_clip, range.last);
+    if (range.isEmpty()) return;
+    ThinLine::Walk walk = line.walkFrom(range.first, m_stride);
+    paintSteps(walk, range.last - range.first, m_paint);
+  }
+
+  // Draws the lengths that are on and leaves the cursor at the end of the segment.
+  void dashed(CPoint a, CPoint b, bool withEnd, double units, DashCursor& cursor) {
+    const ThinLine line(a, b);
+    const std::int64_t end = line.length() + (withEnd ? 1 : 0);
+    const StepRange range =
+        boxMisses(a, b, m_clip) ? StepRange{} : line.inside(m_clip, std::max<std::int64_t>(end, 0));
+    if (!range.isEmpty()) {
+      const double unitsPerStep =
+          line.length() > 0 ? units / static_cast<double>(line.length()) : 1.0;
+      dashedRange(line, range, unitsPerStep, cursor);
+    }
+    cursor.advance(units);
+  }
+
+ private:
+  void level(CPoint a, CPoint b, bool withEnd) {
+    std::int64_t first = std::min(a.x, b.x);
+    std::int64_t last = std::max(a.x, b.x);
+    if (!withEnd) (a.x <= b.x ? last : first) += a.x <= b.x ? -1 : 1;
+    m_spans.span(first, last, a.y);
+  }
+
+  void dashedRange(const ThinLine& line, StepRange range, double unitsPerStep, DashCursor cursor) {
+    // The part of a step by which sums of lengths may miss a whole step through rounding.
+    constexpr double kStepSlack = 1.0 / (1 << 20);
+    // One step ahead of the range: a dot that begins between two steps shows at the second.
+    std::int64_t step = std::max<std::int64_t>(range.first - 1, 0);
+    double reached = static_cast<double>(step) * unitsPerStep;
+    cursor.advance(reached);
+    const auto last = static_cast<double>(range.last);
+    std::int64_t drawnTo = range.first;
+    while (step < range.last) {
+      reached += cursor.left();
+      const double end = std::min(last, std::ceil(reached / unitsPerStep - kStepSlack));
+      const std::int64_t next = std::max(step, static_cast<std::int64_t>(end));
+      if (cursor.isOn()) {
+        const std::int64_t from = std::max(step, drawnTo);
+        drawnTo = std::min(range.last, std::max(next, step + 1));
+        if (from < drawnTo) {
+          ThinLine::Walk walk = line.walkFrom(from, m_stride);
+          paintSteps(walk, drawnTo - from, m_paint);
+        }
+      }
+      step = next;
+      cursor.next();
+    }
+  }
+
+  CRect m_clip;
+  int m_stride;
+  SpanPainter m_spans;
+  Paint m_paint;
+};
+
+template <class Paint>
+void strokeSolid(ThinStroker<Paint>& stroker, const ThinPath& path) {
+  for (std::size_t i = 1; i < path.count; ++i) {
+    const bool isLast = i + 1 == path.count;
+    stroker.solid(path.points[i - 1], path.points[i], isLast && path.withEnd && !path.closed);
+  }
+  if (path.closed) stroker.solid(path.points[path.count - 1], path.points[0], false);
+}
+
+template <class Paint>
+void strokeDashed(ThinStroker<Paint>& stroker, const DeviceStroke& stroke, const ThinPath& path) {
+  DashCursor cursor(stroke.dashes);
+  cursor.advance(path.phase);
+  const std::size_t segments = path.closed ? path.count : path.count - 1;
+  for (std::size_t i = 0; i < segments; ++i) {
+    const CPoint a = path.points[i];
+    const CPoint b = path.points[i + 1 == path.count ? 0 : i + 1];
+    const double dx = (static_cast<double>(b.x) - a.x) * stroke.unitsPerPixelX;
+    const double dy = (static_cast<double>(b.y) - a.y) * stroke.unitsPerPixelY;
+    const bool withEnd = path.withEnd && !path.closed && i + 1 == segments;
+    stroker.dashed(a, b, withEnd, std::hypot(dx, dy), cursor);
+  }
+}
+
+template <class Paint>
+void strokeWith(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
+                const ThinPath& path, const Paint& paint) {
+  ThinStroker<Paint> stroker(call, op, paint);
+  const double coarsest = std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
+  if (stroke.dashes.isSolid() || isTooFine(stroke.dashes, coarsest)) {
+    strokeSolid(stroker, path);
+  } else {
+    strokeDashed(stroker, stroke, path);
+  }
+}
+
+}  // namespace
+
+void strokeThinPath(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
+                    const ThinPath& path) {
+  if (path.count < 2) return;
+  Pixel* base = call.pixels.row(0);
+  if (call.mask) {
+    strokeWith(call, stroke, op, path, MaskedPaint{base, op, call.mask});
+  } else if (op.overwrites()) {
+    strokeWith(call, stroke, op, path, CopyPaint{base, op.flip});
+  } else {
+    strokeWith(call, stroke, op, path, CombinePaint{base, op});
+  }
+}
+
+}  // namespace qdr

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+
+#include "platform/raster/raster_call.h"
+
+namespace qdr {
+
+/// Connected points of a thin stroke. Segments leave out their last pixel, so a closed path has
+/// each vertex once; `withEnd` adds the last pixel of an open one. `phase` is the dash length
+/// walked before the first point.
+struct ThinPath {
+  const CPoint* points = nullptr;
+  std::size_t count = 0;
+  bool closed = false;
+  bool withEnd = false;
+  double phase = 0;
+};
+
+/// Strokes with the one-pixel line, dashed where the stroke has a pattern. A length that is on
+/// shows at least one pixel.
+void strokeThinPath(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
+                    const ThinPath& path);
+
+}  // namespace qdr

@@ -1,0 +1,278 @@
+#include "platform/raster/wide_stroke.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/raster/dash_cursor.h"
+#include "platform/raster/ellipse_rows.h"
+#include "platform/raster/span_painter.h"
+
+namespace qdr {
+
+namespace {
+
+constexpr double kMiterLimit = 10.0;
+
+struct Vector {
+  double x = 0;
+  double y = 0;
+};
+
+// A convex area; a pixel is in when its centre is, left and upper edges in, the others out.
+void fillConvex(const StrokePoint* points, int count, SpanPainter& painter) {
+  double low = points[0].y;
+  double high = points[0].y;
+  for (int i = 1; i < count; ++i) {
+    low = std::min(low, points[i].y);
+    high = std::max(high, points[i].y);
+  }
+  const double first = std::max<double>(painter.clip().top, std::ceil(low));
+  const double end = std::min<double>(painter.clip().bottom, std::ceil(high));
+  for (double y = first; y < end; ++y) {
+    double left = HUGE_VAL;
+    double right = -HUGE_VAL;
+    for (int i = 0; i < count; ++i) {
+      const StrokePoint& a = points[i];
+      const StrokePoint& b = points[i + 1 == count ? 0 : i + 1];
+      if ((a.y <= y) == (b.y <= y)) continue;
+      const double x = a.x + (y - a.y) * (b.x - a.x) / (b.y - a.y);
+      left = std::min(left, x);
+      right = std::max(right, x);
+    }
+    if (left <= right)
+      painter.span(static_cast<std::int64_t>(std::ceil(left)),
+                   static_cast<std::int64_t>(std::ceil(right)) - 1, static_cast<std::int64_t>(y));
+  }
+}
+
+// The shape of one undashed stroke as overlapping pieces.
+class WideStroker {
+ public:
+  WideStroker(SpanPainter& painter, int style, double width)
+      : m_painter(painter),
+        m_cap(style & PS_ENDCAP_MASK),
+        m_join(style & PS_JOIN_MASK),
+        m_half(width / 2) {}
+
+  void stroke(const std::vector<StrokePoint>& points, bool closed) {
+    const bool isDot =
+        points.size() == 2 && points[0].x == points[1].x && points[0].y == points[1].y;
+    if (points.size() == 1 || isDot) return dot(points[0]);
+    const std::size_t count = points.size();
+    const std::size_t segments = closed ? count : count - 1;
+    for (std::size_t i = 0; i < segments; ++i)
+      segment(points[i], points[(i + 1) % count], !closed && i == 0, !closed && i + 1 == segments);
+    for (std::size_t i = closed ? 0 : 1; i < segments; ++i)
+      join(points[(i + count - 1) % count], points[i], points[(i + 1) % count]);
+  }
+
+ private:
+  void dot(StrokePoint at) {
+    if (m_cap == PS_ENDCAP_ROUND) return disc(at);
+    if (m_cap != PS_ENDCAP_SQUARE) return;
+    const StrokePoint box[] = {{at.x - m_half, at.y - m_half},
+                               {at.x + m_half, at.y - m_half},
+                               {at.x + m_half, at.y + m_half},
+                               {at.x - m_half, at.y + m_half}};
+    fillConvex(box, 4, m_painter);
+  }
+
+  void disc(StrokePoint at) { fillEllipse(EllipseRows(at.x, at.y, m_half, m_half), m_painter); }
+
+  bool misses(StrokePoint a, StrokePoint b) const {
+    const CRect& clip = m_painter.clip();
+    const double reach = 2 * m_half;
+    return std::max(a.x, b.x) + reach < clip.left || std::min(a.x, b.x) - reach > clip.right ||
+           std::max(a.y, b.y) + reach < clip.top || std::min(a.y, b.y) - reach > clip.bottom;
+  }
+
+  // Half the width times the unit normal to the left of the way from a to b; 0 for no way.
+  Vector sideways(StrokePoint a, StrokePoint b) const {
+    const double length = std::hypot(b.x - a.x, b.y - a.y);
+    if (!(length > 0)) return {};
+    return {(b.y - a.y) / length * m_half, (a.x - b.x) / length * m_half};
+  }
+
+  void segment(StrokePoint a, StrokePoint b, bool isStart, bool isEnd) {
+    if (misses(a, b)) return;
+    const Vector side = sideways(a, b);
+    if (m_cap == PS_ENDCAP_SQUARE) {
+      if (isStart) a = {a.x + side.y, a.y - side.x};
+      if (isEnd) b = {b.x - side.y, b.y + side.x};
+    }
+    const StrokePoint box[] = {{a.x + side.x, a.y + side.y},
+                               {b.x + side.x, b.y + side.y},
+                               {b.x - side.x, b.y - side.y},
+                               {a.x - side.x, a.y - side.y}};
+    fillConvex(box, 4, m_painter);
+    if (m_cap != PS_ENDCAP_ROUND) return;
+    if (isStart) disc(a);
+    if (isEnd) disc(b);
+  }
+
+  void join(StrokePoint before, StrokePoint at, StrokePoint after) {
+    if (misses(at, at)) return;
+    if (m_join == PS_JOIN_ROUND) return disc(at);
+    Vector in = sideways(before, at);
+    Vector out = sideways(at, after);
+    const double turn = in.x * out.y - in.y * out.x;
+    if (turn < 0) {
+      in = {-in.x, -in.y};
+      out = {-out.x, -out.y};
+    }
+    const StrokePoint inner{at.x + in.x, at.y + in.y};
+    const StrokePoint outer{at.x + out.x, at.y + out.y};
+    const Vector sum{in.x + out.x, in.y + out.y};
+    const double square = sum.x * sum.x + sum.y * sum.y;
+    // The tip lies at at + sum * 2 half^2 / |sum|^2; its distance over the half width is the ratio.
+    const double ratio = square > 0 ? 2 * m_half / std::sqrt(square) : HUGE_VAL;
+    if (m_join == PS_JOIN_MITER && ratio <= kMiterLimit) {
+      const double stretch = 2 * m_half * m_half / square;
+      const StrokePoint tip{at.x + sum.x * stretch, at.y + sum.y * stretch};
+      const StrokePoint corner[] = {at, inner, tip, outer};
+      fillConvex(corner, 4, m_painter);
+    } else {
+      const StrokePoint corner[] = {at, inner, outer};
+      fillConvex(corner, 3, m_painter);
+    }
+  }
+
+  SpanPainter& m_painter;
+  int m_cap;
+  int m_join;
+  double m_half;
+};
+
+// The part of a segment from a to b that lies in the box, as fractions of its way (after Liang and
+// Barsky, "A new concept and method for line clipping", 1984). False when none does.
+bool visiblePart(StrokePoint a, StrokePoint b, const Vector& low, const Vector& high, double& first,
+                 double& last) {
+  first = 0;
+  last = 1;
+  const double start[] = {a.x, a.y};
+  const double way[] = {b.x - a.x, b.y - a.y};
+  const double lows[] = {low.x, low.y};
+  const double highs[] = {high.x, high.y};
+  for (int axis = 0; axis < 2; ++axis) {
+    if (way[axis] == 0) {
+      if (start[axis] < lows[axis] || start[axis] > highs[axis]) return false;
+      continue;
+    }
+    double enter = (lows[axis] - start[axis]) / way[axis];
+    double leave = (highs[axis] - start[axis]) / way[axis];
+    if (enter > leave) std::swap(enter, leave);
+    first = std::max(first, enter);
+    last = std::min(last, leave);
+  }
+  return first <= last;
+}
+
+// Cuts a path into the dashes that can be seen, each a stroke that may run over vertices.
+class WideDasher {
+ public:
+  WideDasher(WideStroker& stroker, const DeviceStroke& stroke, const CRect& clip, double width)
+      : m_stroker(stroker),
+        m_stroke(stroke),
+        m_cursor(stroke.dashes),
+        m_low{clip.left - 2 * width, clip.top - 2 * width},
+        m_high{clip.right + 2 * width, clip.bottom + 2 * width} {}
+
+  void path(const std::vector<StrokePoint>& points, const WidePath& walk) {
+    m_cursor.advance(walk.phase);
+    m_unitsPerSegment = walk.unitsPerSegment;
+    const std::size_t count = points.size();
+    const std::size_t segments = walk.closed ? count : count - 1;
+    for (std::size_t i = 0; i < segments; ++i)
+      segment(points[i], points[(i + 1) % count]);
+    emit();
+  }
+
+ private:
+  void segment(StrokePoint a, StrokePoint b) {
+    const double units = m_unitsPerSegment > 0
+                             ? m_unitsPerSegment
+                             : std::hypot((b.x - a.x) * m_stroke.unitsPerPixelX,
+                                          (b.y - a.y) * m_stroke.unitsPerPixelY);
+    if (!(units > 0)) return;
+    double first = 0;
+    double last = 1;
+    if (!visiblePart(a, b, m_low, m_high, first, last)) {
+      emit();
+      m_cursor.advance(units);
+      return;
+    }
+    const auto at = [&](double reached) {
+      const double part = reached / units;
+      return StrokePoint{a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
+    };
+    if (first > 0) {
+      emit();
+      m_cursor.advance(units * first);
+    }
+    double reached = units * first;
+    const double end = units * last;
+    if (m_cursor.isOn() && m_piece.empty()) m_piece.push_back(at(reached));
+    while (reached + m_cursor.left() < end) {
+      reached += m_cursor.left();
+      const bool wasOn = m_cursor.isOn();
+      m_cursor.next();
+      m_piece.push_back(at(reached));
+      if (wasOn) emit();
+    }
+    m_cursor.advance(end - reached);
+    if (!m_piece.empty()) m_piece.push_back(at(end));
+    if (last < 1) {
+      emit();
+      m_cursor.advance(units - end);
+    }
+  }
+
+  void emit() {
+    if (!m_piece.empty()) m_stroker.stroke(m_piece, false);
+    m_piece.clear();
+  }
+
+  WideStroker& m_stroker;
+  const DeviceStroke& m_stroke;
+  DashCursor m_cursor;
+  Vector m_low;
+  Vector m_high;
+  double m_unitsPerSegment = 0;
+  std::vector<StrokePoint> m_piece;
+};
+
+// Without points that repeat the one before: they have no direction.
+std::vector<StrokePoint> distinctPoints(const WidePath& path, double shift) {
+  std::vector<StrokePoint> points;
+  points.reserve(path.count);
+  for (std::size_t i = 0; i < path.count; ++i) {
+    const StrokePoint point{path.points[i].x + shift, path.points[i].y + shift};
+    if (points.empty() || point.x != points.back().x || point.y != points.back().y)
+      points.push_back(point);
+  }
+  if (path.closed && points.size() > 1 && points.front().x == points.back().x &&
+      points.front().y == points.back().y)
+    points.pop_back();
+  return points;
+}
+
+}  // namespace
+
+void strokeWidePath(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
+                    const WidePath& path) {
+  if (path.count == 0) return;
+  const double width = pixelWidth(stroke);
+  // A pen of an even width has no middle pixel: its centre line runs between two.
+  const double shift = std::fmod(width, 2.0) == 0 ? -0.5 : 0.0;
+  const std::vector<StrokePoint> points = distinctPoints(path, shift);
+  SpanPainter painter(call.pixels, call.clip, op, call.mask);
+  WideStroker stroker(painter, stroke.style, width);
+  const double coarsest = std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
+  if (points.size() < 2 || stroke.dashes.isSolid() || isTooFine(stroke.dashes, coarsest)) {
+    stroker.stroke(points, path.closed && points.size() > 2);
+  } else {
+    WideDasher(stroker, stroke, call.clip, width).path(points, path);
+  }
+}
+
+}  // namespace qdr

@@ -1,0 +1,363 @@
+#include "platform/software_raster.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+#include "platform/arc_points.h"
+#include "platform/raster/ellipse_rows.h"
+#include "platform/raster/image_copy.h"
+#include "platform/raster/polygon_fill.h"
+#include "platform/raster/raster_call.h"
+#include "platform/raster/thin_stroke.h"
+#include "platform/raster/wide_stroke.h"
+
+namespace qdr {
+
+namespace {
+
+constexpr int kPixelsPerInch = 96;
+constexpr double kMillimetresPerInch = 25.4;
+constexpr int kColorBits = 24;
+constexpr double kFullTurn = 2 * std::numbers::pi;
+
+int millimetres(int pixels) {
+  return static_cast<int>(std::lround(pixels * kMillimetresPerInch / kPixelsPerInch));
+}
+
+bool hasPen(const DeviceState& state) {
+  return state.stroke.visible;
+}
+
+bool hasBrush(const DeviceState& state) {
+  return state.fill.style != BS_HOLLOW;
+}
+
+bool isThin(const DeviceStroke& stroke) {
+  return pixelWidth(stroke) <= 1;
+}
+
+PixelOp penOp(const DeviceState& state) {
+  return pixelOp(state.rop2, state.stroke.color);
+}
+
+// The centres of the border pixels of a rectangle.
+struct Border {
+  double centerX;
+  double centerY;
+  double radiusX;
+  double radiusY;
+
+  explicit Border(const CRect& rect)
+      : centerX((static_cast<double>(rect.left) + rect.right - 1) / 2),
+        centerY((static_cast<double>(rect.top) + rect.bottom - 1) / 2),
+        radiusX((static_cast<double>(rect.right) - rect.left - 1) / 2),
+        radiusY((static_cast<double>(rect.bottom) - rect.top - 1) / 2) {}
+};
+
+void fillRows(const CRect& rect, SpanPainter& painter) {
+  const std::int64_t first = std::max(rect.top, painter.clip().top);
+  const std::int64_t end = std::min(rect.bottom, painter.clip().bottom);
+  for (std::int64_t y = first; y < end; ++y)
+    painter.span(rect.left, std::int64_t{rect.right} - 1, y);
+}
+
+}  // namespace
+
+SoftwareRaster::SoftwareRaster(std::shared_ptr<PixelBuffer> pixels)
+    : m_pixels(std::move(pixels)), m_mask(std::make_unique<CoverageMask>()) {}
+
+SoftwareRaster::~SoftwareRaster() = default;
+
+void SoftwareRaster::setPixels(std::shared_ptr<PixelBuffer> pixels) {
+  m_pixels = std::move(pixels);
+  m_dirty = CRect();
+}
+
+CRect SoftwareRaster::takeDirty() {
+  const CRect dirty = m_dirty;
+  m_dirty = CRect();
+  return dirty;
+}
+
+CSize SoftwareRaster::size() const {
+  return {m_pixels->width(), m_pixels->height()};
+}
+
+int SoftwareRaster::deviceCaps(int index) const {
+  switch (index) {
+    case HORZSIZE:
+      return millimetres(m_pixels->width());
+    case VERTSIZE:
+      return millimetres(m_pixels->height());
+    case BITSPIXEL:
+      return kColorBits;
+    case LOGPIXELSX:
+    case LOGPIXELSY:
+      return kPixelsPerInch;
+    default:
+      return IDeviceSurface::deviceCaps(index);
+  }
+}
+
+CRect SoftwareRaster::clipOf(const DeviceState& state) const {
+  return {std::max(state.clip.left, 0), std::max(state.clip.top, 0),
+          std::min(state.clip.right, m_pixels->width()),
+          std::min(state.clip.bottom, m_pixels->height())};
+}
+
+void SoftwareRaster::touch(const CRect& clip, double left, double top, double right,
+                           double bottom) {
+  const CRect box(truncToInt(std::max<double>(left, clip.left)),
+                  truncToInt(std::max<double>(top, clip.top)),
+                  truncToInt(std::min<double>(right, clip.right)),
+                  truncToInt(std::min<double>(bottom, clip.bottom)));
+  if (box.IsRectEmpty()) return;
+  if (m_dirty.IsRectEmpty()) {
+    m_dirty = box;
+    return;
+  }
+  m_dirty = {std::min(m_dirty.left, box.left), std::min(m_dirty.top, box.top),
+             std::max(m_dirty.right, box.right), std::max(m_dirty.bottom, box.bottom)};
+}
+
+void SoftwareRaster::touch(const DeviceState& state, const CPoint* points, std::size_t count) {
+  CPoint low = points[0];
+  CPoint high = points[0];
+  for (std::size_t i = 1; i < count; ++i) {
+    low = {std::min(low.x, points[i].x), std::min(low.y, points[i].y)};
+    high = {std::max(high.x, points[i].x), std::max(high.y, points[i].y)};
+  }
+  // A mitre reaches ten half widths from its vertex.
+  const double reach = isThin(state.stroke) ? 0 : 5 * pixelWidth(state.stroke) + 1;
+  touch(clipOf(state), low.x - reach, low.y - reach, high.x + reach + 1, high.y + reach + 1);
+}
+
+RasterCall SoftwareRaster::beginCall(const DeviceState& state, bool mayRepeat) {
+  RasterCall call{*m_pixels, clipOf(state)};
+  if (mayRepeat && !penOp(state).overwrites()) {
+    m_mask->begin(static_cast<std::size_t>(m_pixels->stride()) *
+                  static_cast<std::size_t>(m_pixels->height()));
+    call.mask = m_mask.get();
+  }
+  return call;
+}
+
+// Fills, then strokes. Where the pen combines with what is there, the outline goes first and the
+// fill leaves out its pixels, so that none is combined twice.
+template <class Stroke, class Fill>
+void SoftwareRaster::paintShape(const DeviceState& state, const Stroke& stroke, const Fill& fill) {
+  const RasterCall call = beginCall(state, hasPen(state));
+  if (call.clip.IsRectEmpty()) return;
+  if (call.mask && hasPen(state)) stroke(call);
+  if (hasBrush(state)) {
+    SpanPainter painter(*m_pixels, call.clip, pixelOp(state.rop2, state.fill.color), call.mask);
+    const PixelOp gaps = pixelOp(state.rop2, state.fill.background);
+    if (state.fill.style == BS_HATCHED)
+      painter.setHatch(state.fill.hatch, state.fill.opaque ? &gaps : nullptr);
+    fill(painter);
+  }
+  if (!call.mask && hasPen(state)) stroke(call);
+}
+
+void SoftwareRaster::strokeOutline(const RasterCall& call, const DeviceState& state,
+                                   const CPoint* points, std::size_t count, bool closed) {
+  if (isThin(state.stroke)) {
+    strokeThinPath(call, state.stroke, penOp(state),
+                   {.points = points, .count = count, .closed = closed});
+    return;
+  }
+  std::vector<StrokePoint> wide;
+  wide.reserve(count);
+  for (std::size_t i = 0; i < count; ++i)
+    wide.push_back({static_cast<double>(points[i].x), static_cast<double>(points[i].y)});
+  strokeWidePath(call, state.stroke, penOp(state),
+                 {.points = wide.data(), .count = count, .closed = closed});
+}
+
+void SoftwareRaster::drawLine(const DeviceState& state, CPoint from, CPoint to) {
+  if (!hasPen(state)) return;
+  const CPoint points[] = {from, to};
+  const RasterCall call = beginCall(state, !isThin(state.stroke));
+  if (call.clip.IsRectEmpty()) return;
+  touch(state, points, 2);
+  strokeOutline(call, state, points, 2, false);
+}
+
+void SoftwareRaster::drawPolyline(const DeviceState& state, const CPoint* points,
+                                  std::size_t count) {
+  if (!hasPen(state) || count < 2) return;
+  const RasterCall call = beginCall(state, count > 2 || !isThin(state.stroke));
+  if (call.clip.IsRectEmpty()) return;
+  touch(state, points, count);
+  strokeOutline(call, state, points, count, false);
+}
+
+void SoftwareRaster::drawPolygons(const DeviceState& state, const DeviceContours& contours) {
+  std::size_t total = 0;
+  for (std::size_t c = 0; c < contours.contourCount; ++c)
+    total += contours.counts[c];
+  if (total == 0) return;
+  touch(state, contours.points, total);
+  const auto stroke = [&](const RasterCall& call) {
+    const CPoint* points = contours.points;
+    for (std::size_t c = 0; c < contours.contourCount; ++c) {
+      strokeOutline(call, state, points, contours.counts[c], true);
+      points += contours.counts[c];
+    }
+  };
+  const auto fill = [&](SpanPainter& painter) { fillPolygons(contours, state.fillMode, painter); };
+  paintShape(state, stroke, fill);
+}
+
+void SoftwareRaster::drawRectangle(const DeviceState& state, const CRect& rect) {
+  if (rect.left >= rect.right || rect.top >= rect.bottom) return;
+  const CPoint corners[] = {{rect.left, rect.top},
+                            {rect.right - 1, rect.top},
+                            {rect.right - 1, rect.bottom - 1},
+                            {rect.left, rect.bottom - 1}};
+  touch(state, corners, 4);
+  paintShape(
+      state, [&](const RasterCall& call) { strokeOutline(call, state, corners, 4, true); },
+      [&](SpanPainter& painter) { fillRows(rect, painter); });
+}
+
+void SoftwareRaster::drawEllipse(const DeviceState& state, const CRect& rect) {
+  if (rect.left >= rect.right || rect.top >= rect.bottom) return;
+  const CPoint corners[] = {{rect.left, rect.top}, {rect.right - 1, rect.bottom - 1}};
+  touch(state, corners, 2);
+  const Border border(rect);
+  paintShape(
+      state, [&](const RasterCall& call) { strokeEllipse(call, state, rect); },
+      [&](SpanPainter& painter) {
+        fillEllipse(
+            EllipseRows(border.centerX, border.centerY, border.radiusX + 0.5, border.radiusY + 0.5),
+            painter);
+      });
+}
+
+void SoftwareRaster::strokeEllipse(const RasterCall& call, const DeviceState& state,
+                                   const CRect& rect) {
+  const Border border(rect);
+  const double walk = std::max(border.radiusX * state.stroke.unitsPerPixelX,
+                               border.radiusY * state.stroke.unitsPerPixelY);
+  strokeArc(call, state,
+            {.centerX = border.centerX,
+             .centerY = border.centerY,
+             .radiusX = border.radiusX,
+             .radiusY = border.radiusY,
+             .startAngle = 0,
+             .sweepAngle = kFullTurn,
+             .unitsPerRadian = walk},
+            0);
+}
+
+void SoftwareRaster::drawArc(const DeviceState& state, CPoint lead, const DeviceArc& arc) {
+  if (!hasPen(state)) return;
+  const CPoint start = devicePointOfArc(arc, arc.startAngle);
+  const bool hasLead = !(lead == start);
+  const RasterCall call = beginCall(state, true);
+  if (call.clip.IsRectEmpty()) return;
+  const double reach = 2 * pixelWidth(state.stroke);
+  const double width = std::fabs(arc.radiusX) + reach;
+  const double height = std::fabs(arc.radiusY) + reach;
+  touch(call.clip, arc.centerX - width, arc.centerY - height, arc.centerX + width,
+        arc.centerY + height);
+  double phase = 0;
+  if (hasLead) {
+    const CPoint line[] = {lead, start};
+    touch(state, line, 2);
+    strokeOutline(call, state, line, 2, false);
+    phase = std::hypot((static_cast<double>(start.x) - lead.x) * state.stroke.unitsPerPixelX,
+                       (static_cast<double>(start.y) - lead.y) * state.stroke.unitsPerPixelY);
+  }
+  strokeArc(call, state, arc, phase);
+}
+
+namespace {
+
+CPoint nearestPixel(const ArcPiece::Point& point) {
+  return {truncToInt(std::round(point.x)), truncToInt(std::round(point.y))};
+}
+
+// Each chord takes its dash phase from the angle, so rounded ends add up to no drift.
+void strokeThinPiece(const RasterCall& call, const DeviceState& state, const ArcPiece& piece,
+                     double phase, double unitsPerChord, bool withEnd) {
+  for (std::size_t i = 1; i < piece.points.size(); ++i) {
+    const CPoint chord[] = {nearestPixel(piece.points[i - 1]), nearestPixel(piece.points[i])};
+    strokeThinPath(call, state.stroke, penOp(state),
+                   {.points = chord,
+                    .count = 2,
+                    .withEnd = withEnd && i + 1 == piece.points.size(),
+                    .phase = phase + unitsPerChord * static_cast<double>(i - 1)});
+  }
+}
+
+void strokeWidePiece(const RasterCall& call, const DeviceState& state, const ArcPiece& piece,
+                     double phase, double unitsPerChord) {
+  std::vector<StrokePoint> wide;
+  wide.reserve(piece.points.size());
+  for (const ArcPiece::Point& point : piece.points)
+    wide.push_back({point.x, point.y});
+  strokeWidePath(call, state.stroke, penOp(state),
+                 {.points = wide.data(),
+                  .count = wide.size(),
+                  .phase = phase,
+                  .unitsPerSegment = unitsPerChord});
+}
+
+}  // namespace
+
+void SoftwareRaster::strokeArc(const RasterCall& call, const DeviceState& state,
+                               const DeviceArc& arc, double phase) {
+  const bool isFull = std::fabs(arc.sweepAngle) >= kFullTurn;
+  if (state.stroke.dashes.isSolid() && (isFull || isThin(state.stroke))) {
+    SpanPainter painter(*m_pixels, call.clip, penOp(state), call.mask);
+    return isThin(state.stroke) ? outlineArc(arc, painter)
+                                : fillRing(arc, pixelWidth(state.stroke), painter);
+  }
+  CRect reach = call.clip;
+  const int margin = truncToInt(2 * pixelWidth(state.stroke)) / 2 + 2;
+  reach.InflateRect(margin, margin);
+  const std::vector<ArcPiece> pieces = visibleArc(arc, reach);
+  for (const ArcPiece& piece : pieces) {
+    const double before = phase + piece.angleBefore * arc.unitsPerRadian;
+    const auto chords = static_cast<double>(std::max<std::size_t>(piece.points.size(), 2) - 1);
+    const double unitsPerChord = piece.sweep * arc.unitsPerRadian / chords;
+    if (isThin(state.stroke)) {
+      strokeThinPiece(call, state, piece, before, unitsPerChord, !isFull);
+    } else {
+      strokeWidePiece(call, state, piece, before, unitsPerChord);
+    }
+  }
+}
+
+void SoftwareRaster::fillRect(const DeviceState& state, const CRect& rect, COLORREF color) {
+  const CRect clip = clipOf(state);
+  if (clip.IsRectEmpty()) return;
+  SpanPainter painter(*m_pixels, clip, pixelOp(R2_COPYPEN, color), nullptr);
+  touch(clip, rect.left, rect.top, rect.right, rect.bottom);
+  fillRows(rect, painter);
+}
+
+void SoftwareRaster::setPixel(const DeviceState& state, CPoint point, COLORREF color) {
+  const CRect clip = clipOf(state);
+  if (!clip.PtInRect(point)) return;
+  touch(clip, point.x, point.y, point.x + 1.0, point.y + 1.0);
+  m_pixels->row(point.y)[point.x] = pixelOf(color);
+}
+
+COLORREF SoftwareRaster::getPixel(CPoint point) const {
+  if (!m_pixels->bounds().PtInRect(point)) return CLR_INVALID;
+  return colorOf(m_pixels->row(point.y)[point.x]);
+}
+
+bool SoftwareRaster::drawImage(const DeviceState& state, const ImageTransfer& transfer) {
+  const CRect clip = clipOf(state);
+  if (clip.IsRectEmpty()) return true;
+  touch(clip, transfer.to.left, transfer.to.top, transfer.to.right, transfer.to.bottom);
+  return copyImage(*m_pixels, clip, transfer);
+}
+
+}  // namespace qdr
