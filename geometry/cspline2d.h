@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -164,7 +165,9 @@ class QDR_API CQdrGeCSpline2d : public CQdrGeEntity2d {
  private:
   const CQdrGePolyline2d& polyline() const;
   bool sample() const;
-  void changed() { m_isStale = true; }
+  void sampleStretch(const std::vector<CQdrGePoint2d>& points, bool isRing,
+                     std::size_t firstPoint) const;
+  std::size_t firstSampled() const;
   bool join(std::vector<CQdrGePoint2d> points, std::vector<unsigned char> options, int& where);
 
   double m_step = 0.0;
@@ -172,9 +175,9 @@ class QDR_API CQdrGeCSpline2d : public CQdrGeEntity2d {
   std::vector<CQdrGePoint2d> m_points;
   std::vector<unsigned char> m_options;
 
-  // The samples, the index of the first sample of each span, and the polyline of the samples.
+  // The samples, the index of the sample at each control point, and the polyline of the samples.
   mutable std::vector<CQdrGePoint2d> m_curve;
-  mutable std::vector<std::size_t> m_spanStarts;
+  mutable std::vector<std::size_t> m_samplesAt;
   mutable CQdrGePolyline2d m_polyline;
   mutable bool m_isStale = true;
 };

@@ -62,13 +62,14 @@ class QDR_API CQdrGeEllipArc2d : public CQdrGeEntity2d {
   void setAxes(const CQdrGeVector2d& major, const CQdrGeVector2d& minor);
   void setAngles(double startAng, double endAng);
 
+  /// The stored fields themselves: a property sheet hands out their addresses.
   const CQdrGePoint2d& center() const { return m_center; }
   const CQdrGeVector2d& minorAxis() const { return m_minorAxis; }
   const CQdrGeVector2d& majorAxis() const { return m_majorAxis; }
-  double minorRadius() const { return m_minorRadius; }
-  double majorRadius() const { return m_majorRadius; }
-  double startAng() const { return m_startAng; }
-  double endAng() const { return m_endAng; }
+  const double& minorRadius() const { return m_minorRadius; }
+  const double& majorRadius() const { return m_majorRadius; }
+  const double& startAng() const { return m_startAng; }
+  const double& endAng() const { return m_endAng; }
   bool isClockWise() const { return m_isClockWise != 0; }
 
   /// Eccentric parameters of the ends, in [0, 2 pi].
@@ -172,20 +173,19 @@ class QDR_API CQdrGeEllipArc2d : public CQdrGeEntity2d {
   void read(CFile* file) override;
 
  private:
-  struct EccentricRange;
+  // A point of the ellipse runs through `from` to `to` as its eccentric parameter grows.
+  struct Sweep {
+    double from = 0.0;
+    double to = 0.0;
+  };
 
-  void storeFields(const CQdrGePoint2d& center, const CQdrGeVector2d& major,
-                   const CQdrGeVector2d& minor, double majorRadius, double minorRadius);
-  void storeArc(const CQdrGeCircArc2d& arc, bool isClockWise);
   CQdrGePoint2d pointAtAngle(double angle, int world, double tol) const;
   double angleAtPoint(const CQdrGePoint2d& point, int world, double tol) const;
-  CQdrGePoint2d toWorld(const CQdrGePoint2d& framePoint) const;
-  CQdrGePoint2d toFrame(const CQdrGePoint2d& worldPoint) const;
-  CQdrGePoint2d pointAtEccentric(double u) const;
   double eccentricOf(double polar) const;
-  EccentricRange eccentricRange() const;
+  Sweep eccentricSweep(double wholeStart, double wholeEnd) const;
+  CQdrGePoint2d inFrame(const CQdrGePoint2d& worldPoint) const;
   bool isWhole() const;
-  CQdrGePolyline2d chain(int steps) const;
+  void storeArc(const CQdrGeCircArc2d& arc, bool isClockWise);
   void rebuild();
 
   CQdrGePoint2d m_center;

@@ -3,7 +3,13 @@
 #include <cmath>
 
 #include "geometry/circ_arc2d.h"
+#include "geometry/cspline2d.h"
+#include "geometry/ellip_arc2d.h"
 #include "geometry/line2d.h"
+#include "geometry/polyline2d.h"
+#include "geometry/rect2d.h"
+#include "geometry/spiral.h"
+#include "geometry/spline.h"
 
 namespace {
 
@@ -29,7 +35,13 @@ constexpr CurveClass rowOf() {
 
 constexpr CurveClass kCurveClasses[] = {
     rowOf<CQdrGeCircArc2d>(),
+    rowOf<CQdrGeEllipArc2d>(),
     rowOf<CQdrGeLine2d>(),
+    rowOf<CQdrGePolyline2d>(),
+    rowOf<CQdrGeSpline>(),
+    rowOf<CQdrGeCSpline2d>(),
+    rowOf<CQdrGeRect2d>(),
+    rowOf<CQdrGeSpiral>(),
 };
 
 const CurveClass* classOf(QdrGe::EntityId id) {
@@ -121,6 +133,7 @@ CQdrGeEntity2d& CQdrGeEntity2d::operator=(const CQdrGeEntity2d& source) {
 
 CQdrGeEntity2d& CQdrGeEntity2d::operator=(const CQdrGeCircArc2d& arc) {
   if (CQdrGeCircArc2d* target = qdr::curveAs<CQdrGeCircArc2d>(*this)) *target = arc;
+  if (CQdrGePolyline2d* target = qdr::curveAs<CQdrGePolyline2d>(*this)) *target = arc;
   return *this;
 }
 

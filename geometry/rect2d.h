@@ -47,10 +47,11 @@ class QDR_API CQdrGeRect2d : public CQdrGeEntity2d {
   /// Takes width and height from the corner opposite the base point; the rotation stays.
   void setDiagonPoint(const CQdrGePoint2d& point);
 
+  /// The stored fields themselves: a property sheet hands out their addresses.
   const CQdrGePoint2d& basePoint() const { return m_basePoint; }
-  double width() const { return m_width; }
-  double height() const { return m_height; }
-  double rotation() const { return m_rotation; }
+  const double& width() const { return m_width; }
+  const double& height() const { return m_height; }
+  const double& rotation() const { return m_rotation; }
 
   /// (width, height), as the constructor takes it.
   CQdrGeVector2d diagonal() const { return {m_width, m_height}; }

@@ -44,13 +44,14 @@ class QDR_API CQdrGeSpiral : public CQdrGeEntity2d {
   void setMinRadius(double radius);
   void setOffsetDist(double dist);
 
+  /// The stored fields themselves: a property sheet hands out their addresses.
   const CQdrGePoint2d& center() const { return m_center; }
-  double maxRadius() const { return m_maxRadius; }
-  double minRadius() const { return m_minRadius; }
-  double offsetDist() const { return m_offsetDist; }
-  double startAng() const { return m_startAng; }
-  int divNum() const { return m_divNum; }
-  double scale() const { return m_scale; }
+  const double& maxRadius() const { return m_maxRadius; }
+  const double& minRadius() const { return m_minRadius; }
+  const double& offsetDist() const { return m_offsetDist; }
+  const double& startAng() const { return m_startAng; }
+  const std::int32_t& divNum() const { return m_divNum; }
+  const double& scale() const { return m_scale; }
 
   /// Reverses the polyline; the fields stay.
   void reverse();
@@ -60,11 +61,12 @@ class QDR_API CQdrGeSpiral : public CQdrGeEntity2d {
   void setGePolyline();
 
   /// The polyline becomes this one; the fields stay.
-  void storeGePolyline(const CQdrGePolyline2d& polyline) { m_polyline = polyline; }
+  void storeGePolyline(const CQdrGePolyline2d& polyline);
 
   /// The polyline; true when it has vertices.
   bool getGePolyline(CQdrGePolyline2d& result) const;
-  const CQdrGePolyline2d& polyline() const { return m_polyline; }
+  /// The polyline in use, valid until the next change.
+  const CQdrGePolyline2d& polyline() const;
 
   /// Every field, each within `tol`.
   bool isEqualTo(const CQdrGeSpiral& other, double tol) const;
@@ -101,17 +103,21 @@ class QDR_API CQdrGeSpiral : public CQdrGeEntity2d {
                         double tol) const override;
 
   /// Maximum and minimum radius, pitch, start angle, divNum (4 bytes), center: 56 bytes. The scale
-  /// is not stored; reading keeps the one in place and builds the polyline.
+  /// is not stored; reading keeps the one in place. The polyline of a spiral that was read is built
+  /// at its first use, so an owner that stores one of its own pays for none.
   void save(CFile* file) const override;
   void read(CFile* file) override;
 
  private:
+  void build() const;
+
   double m_maxRadius = 0.0;
   double m_minRadius = 0.0;
   double m_offsetDist = 0.0;
   double m_startAng = 0.0;
   std::int32_t m_divNum = 0;
   CQdrGePoint2d m_center;
-  CQdrGePolyline2d m_polyline;
+  mutable CQdrGePolyline2d m_polyline;
   double m_scale = 1.0;
+  mutable bool m_isStale = false;
 };

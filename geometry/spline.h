@@ -47,7 +47,7 @@ class QDR_API CQdrGeSpline : public CQdrGeEntity2d {
 
   /// Stores a value above 1 only; any other leaves the earlier one. Always true.
   bool setFitParam(double value);
-  double getFitParam() const { return m_fitParam; }
+  const double& getFitParam() const { return m_fitParam; }
 
   /// Stores any value: what owners of a spline use to set the usual ones, from 0 to 0.5.
   void storeFitParam(double value);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 #include "platform/file.h"
@@ -38,6 +40,13 @@ bool readFields(CFile* file, Fields&... fields) {
   const unsigned char* at = bytes.data();
   ((std::memcpy(&fields, at, sizeof fields), at += sizeof fields), ...);
   return complete;
+}
+
+/// How many of `count` items of `bytes` each the rest of the file holds: a count in a file is a
+/// claim, and memory is taken for what is there.
+inline std::size_t heldItems(CFile* file, std::uint32_t count, std::size_t bytes) {
+  const std::uint64_t room = file ? file->bytesLeft() / bytes : 0;
+  return static_cast<std::size_t>(std::min<std::uint64_t>(count, room));
 }
 
 }  // namespace qdr
