@@ -21,7 +21,9 @@ CQdrGeVector2d CQdrGeVector3d::convert2d(const CQdrGePlane& plane) const {
   const double cosine = normal.dotProduct(-kZAxis);
   const double sine = std::sqrt(1.0 - cosine * cosine);
   const double v = laid.z / sine;
-  return {std::sqrt(laid.lengthSqrd() - v * v), v};
+  // Rounding must not take the rest of the length below nothing.
+  const double rest = laid.lengthSqrd() - v * v;
+  return {rest < 0.0 ? 0.0 : std::sqrt(rest), v};
 }
 
 double CQdrGeVector3d::angleTo(const CQdrGeVector3d& v) const {
