@@ -99,7 +99,10 @@ class QDR_API CQdrGeCircArc2d : public CQdrGeEntity2d {
   /// Centers not `!=`, and radius and angles exactly equal.
   bool operator==(const CQdrGeCircArc2d& arc) const;
 
-  /// Radius within `tol`, and direction within 0.001 radians of the stored angles, whatever `tol`.
+  /// Radius within `tol`, and direction, in [0, 2 pi], between the stored angles with a margin of
+  /// 0.001 radians, whatever `tol`. An arc across +x asks for either side alone. Negative angles
+  /// are compared as they stand: with a negative start such an arc holds its whole circle, and an
+  /// arc with both angles negative that does not cross +x holds no point.
   int isOn(const CQdrGePoint2d& point, const double& tol) const override;
 
   /// True inside the slice between the stored angles, each widened by `margin`, up to the radius

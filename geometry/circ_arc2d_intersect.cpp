@@ -59,7 +59,9 @@ bool CQdrGeCircArc2d::intersectWith(const CQdrGeLine2d& line, int& count, CQdrGe
   const double turned = std::abs(m_endAng - m_startAng);
   const bool isWholeHere = std::abs(turned - qdr::kTwoPi) <= tol || turned <= tol;
   const auto keeps = [&](const CQdrGePoint2d& hit) {
-    return qdr::keepsHit(mode, isWholeHere || isOn(hit, tol), line.isOn(hit, tol) != 0);
+    return qdr::keepsHit(
+        mode, [&] { return isWholeHere || isOn(hit, tol); },
+        [&] { return line.isOn(hit, tol) != 0; });
   };
   p1 = crossing.foot + crossing.along * crossing.reach;
   if (crossing.isTouch) {
@@ -98,7 +100,8 @@ bool CQdrGeCircArc2d::intersectWith(const CQdrGeCircArc2d& arc, int& count, CQdr
   p1 = foot + along.perpVector() * reach;
   p2 = foot - along.perpVector() * reach;
   const auto keeps = [&](const CQdrGePoint2d& hit) {
-    return qdr::keepsHit(mode, isOn(hit, tol) != 0, arc.isOn(hit, tol) != 0);
+    return qdr::keepsHit(
+        mode, [&] { return isOn(hit, tol) != 0; }, [&] { return arc.isOn(hit, tol) != 0; });
   };
   count = keepHits(keeps(p1), keeps(p2), p1, p2);
   return count != 0;

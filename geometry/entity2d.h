@@ -172,15 +172,16 @@ constexpr CQdrGeEntity2d::Intersect swappedMode(CQdrGeEntity2d::Intersect mode) 
   return mode;
 }
 
-/// True when a hit that lies on these curves counts in this mode.
-constexpr bool keepsHit(CQdrGeEntity2d::Intersect mode, bool onThis, bool onArgument) {
+/// True when a hit counts in this mode; asks whether it lies on a curve only where that matters.
+template <class OnThis, class OnArgument>
+bool keepsHit(CQdrGeEntity2d::Intersect mode, OnThis onThis, OnArgument onArgument) {
   switch (mode) {
     case CQdrGeEntity2d::kExtendNone:
-      return onThis && onArgument;
+      return onArgument() && onThis();
     case CQdrGeEntity2d::kExtendThis:
-      return onArgument;
+      return onArgument();
     case CQdrGeEntity2d::kExtendArg:
-      return onThis;
+      return onThis();
     case CQdrGeEntity2d::kExtendBoth:
       return true;
   }

@@ -57,10 +57,6 @@ bool CQdrGeLine2d::isPerpendicularTo(const CQdrGeLine2d& line, double tol) const
   return (m_end - m_start).isPerpendicularTo(line.m_end - line.m_start, tol);
 }
 
-int CQdrGeLine2d::isOn(const CQdrGePoint2d& point, const double& tol) const {
-  return CQdrGeLine2d::distanceTo(point, qdr::kCurveTolerance) < tol ? 1 : 0;
-}
-
 CQdrGeLine2d& CQdrGeLine2d::scaleBy(double sx, double sy, const CQdrGePoint2d& center) {
   return transformBy(CQdrGeMatrix2d::scaling(sx, sy, center));
 }

@@ -160,7 +160,14 @@ class QDR_API CQdrGeLine2d : public CQdrGeEntity2d {
 
  protected:
   /// The foot of the point if it falls on the segment; else false, with `result` as it is.
-  bool closestPoint(const CQdrGePoint2d& point, CQdrGePoint2d& result) const;
+  bool closestPoint(const CQdrGePoint2d& point, CQdrGePoint2d& result) const {
+    const CQdrGeVector2d along = m_end - m_start;
+    const double param = (point - m_start).dotProduct(along) / along.lengthSqrd();
+    // Not a number, for a segment of no length, fails too.
+    if (!(param >= 0.0 && param <= 1.0)) return false;
+    result = m_start + along * param;
+    return true;
+  }
 
  private:
   CQdrGePoint2d m_start;

@@ -1,5 +1,3 @@
-#include <limits>
-
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
 
@@ -29,27 +27,12 @@ class NearestPair {
   CQdrGePoint2d m_onOther;
 };
 
-// Position of the foot of `point` along the segment, 0 at the start and 1 at the end; not a number
-// for a segment of no length, which then fails every range test.
-double footParam(const CQdrGePoint2d& start, const CQdrGeVector2d& along,
-                 const CQdrGePoint2d& point) {
-  return (point - start).dotProduct(along) / along.lengthSqrd();
-}
-
 }  // namespace
 
 CQdrGePoint2d CQdrGeLine2d::closestPointTo(const CQdrGePoint2d& point, double /*tol*/) const {
   CQdrGePoint2d foot;
   if (closestPoint(point, foot)) return foot;
   return m_end.distanceTo(point) < m_start.distanceTo(point) ? m_end : m_start;
-}
-
-bool CQdrGeLine2d::closestPoint(const CQdrGePoint2d& point, CQdrGePoint2d& result) const {
-  const CQdrGeVector2d along = m_end - m_start;
-  const double t = footParam(m_start, along, point);
-  if (!(t >= 0.0 && t <= 1.0)) return false;
-  result = m_start + along * t;
-  return true;
 }
 
 CQdrGePoint2d CQdrGeLine2d::closestPointTo(const CQdrGeLine2d& line, CQdrGePoint2d& onLine,
@@ -100,4 +83,8 @@ double CQdrGeLine2d::distanceTo(const CQdrGeLine2d& line, double tol) const {
 
 double CQdrGeLine2d::distanceTo(const CQdrGePoint2d& point, double tol) const {
   return CQdrGeLine2d::closestPointTo(point, tol).distanceTo(point);
+}
+
+int CQdrGeLine2d::isOn(const CQdrGePoint2d& point, const double& tol) const {
+  return CQdrGeLine2d::distanceTo(point, qdr::kCurveTolerance) < tol ? 1 : 0;
 }

@@ -20,6 +20,11 @@ inline constexpr double kCurveTolerance = 1.1920928955078125e-07;
 /// Zero test of the segment intersection: the double-precision epsilon.
 inline constexpr double kSegmentTolerance = 2.220446049250313e-16;
 
+/// How far beyond a tolerance a quick test of the segment intersection must find a point before it
+/// may call it off, so that no rounding of coordinates up to a thousand million makes it differ
+/// from the exact test.
+inline constexpr double kCertainMargin = 1e-06;
+
 /// Margin in radians of the angle tests of arcs, and of sweeps taken as 0 or as a full turn.
 inline constexpr double kAngleTolerance = 0.001;
 
@@ -57,8 +62,8 @@ inline constexpr double kClosingBulgeTolerance = 1e-05;
 inline constexpr double kOutsideStepX = 0.5;
 inline constexpr double kOutsideStepY = 1.0;
 
-/// Vertices this near are one vertex to an offset, and crossings this near to a vertex are weak: the
-/// length bounds the finest detail that an offset keeps.
+/// Vertices this near are one vertex to an offset, and crossings this near to a vertex are weak:
+/// the length bounds the finest detail that an offset keeps.
 inline constexpr double kMergeTolerance = 0.05;
 
 /// A closing vertex this near to the last one repeats it.
