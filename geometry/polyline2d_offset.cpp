@@ -96,8 +96,8 @@ int CQdrGePolyline2d::getoffsetDirection(const CQdrGePoint2d& side, double) cons
 void CQdrGePolyline2d::checkLocalSelfIntersect(std::vector<CQdrGePoint2d>& points,
                                                std::vector<double>& bulges, double dist,
                                                int direction) const {
-  fromChain(preparedForOffset(toChain(points, bulges), {dist, direction, m_closed}), points,
-            bulges);
+  const VertexChain merged = withoutNearVertices(toChain(points, bulges));
+  fromChain(preparedForOffset(merged, {dist, direction, m_closed}), points, bulges);
 }
 
 void CQdrGePolyline2d::getOffsetPoly(std::vector<CQdrGePoint2d>& points,
@@ -128,9 +128,10 @@ std::vector<VertexChain> offsetPieces(const CQdrGePolyline2d& polyline, const CQ
   OffsetRequest request{std::abs(dist), polyline.getoffsetDirection(side, dist),
                         polyline.isClosed()};
   if (dist < 0.0) request.direction = -request.direction;
-  const VertexChain raw = rawOffset(preparedForOffset(source, request), request);
+  const VertexChain merged = withoutNearVertices(source);
+  const VertexChain raw = rawOffset(preparedForOffset(merged, request), request);
   request.direction = -request.direction;
-  const VertexChain other = rawOffset(preparedForOffset(source, request), request);
+  const VertexChain other = rawOffset(preparedForOffset(merged, request), request);
 
   const auto clipped = [&](const VertexChain& wanted, const VertexChain& opposite) {
     return clippedOffset(

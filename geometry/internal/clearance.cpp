@@ -37,24 +37,24 @@ bool areAllWithin(std::span<const Vec> hull, const Vec& center, double limitSqrd
 
 }  // namespace
 
-std::vector<Box> boxesOf(std::span<const TravelSegment> segments) {
+std::vector<Box> boxesOf(std::span<const TravelSegment> segments, double margin) {
   std::vector<Box> boxes;
   boxes.reserve(segments.size() + segments.size() / 4 + 4);
   for (const TravelSegment& segment : segments)
-    boxes.push_back(segment.box());
+    boxes.push_back(segment.box().inflated(margin));
   return boxes;
 }
 
 Clearance::Clearance(std::vector<TravelSegment> source, double limit)
     : m_source(std::move(source)),
-      m_index(boxesOf(m_source), BoxIndex::Order::given),
+      m_index(boxesOf(m_source, 0.0), BoxIndex::Order::given),
       m_limit(std::max(limit, 0.0)),
       m_limitSqrd(m_limit * m_limit) {}
 
 bool Clearance::isKeptBy(const TravelSegment& segment) const {
   if (m_limit == 0.0) return true;
   return m_index.forEachWithin(segment.box(), m_limit, [&](std::size_t j) {
-    return nearestPlace(segment, m_source[j]).distanceSqrd >= m_limitSqrd;
+    return !isNearer(segment, m_source[j], m_limitSqrd);
   });
 }
 
@@ -79,9 +79,9 @@ std::vector<Standing> Clearance::standingsOf(std::span<const TravelSegment> segm
   forEachNearPair(index, m_index, isNear, [&](std::size_t i, std::size_t j) {
     Standing& standing = standings[i];
     if (standing.kind == Standing::clear) {
-      const NearPlace nearest = nearestPlace(segments[i], m_source[j]);
-      if (nearest.distanceSqrd >= m_limitSqrd) return true;
-      standing = {Standing::broken, segments[i].paramOf(nearest.place)};
+      if (!isNearer(segments[i], m_source[j], m_limitSqrd)) return true;
+      const Vec witness = nearestPlace(segments[i], m_source[j]).place;
+      standing = {Standing::broken, segments[i].paramOf(witness)};
     }
     if (buries(m_source[j], Hull(segments[i]).span())) standing.kind = Standing::buried;
     return standing.kind != Standing::buried && ++tries[i] < kBurialTries;

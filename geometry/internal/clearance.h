@@ -44,7 +44,7 @@ class Clearance {
   double m_limitSqrd;
 };
 
-/// Boxes of segments, in their order.
-std::vector<Box> boxesOf(std::span<const TravelSegment> segments);
+/// Boxes of segments, in their order, widened by `margin`.
+std::vector<Box> boxesOf(std::span<const TravelSegment> segments, double margin);
 
 }  // namespace qdr

@@ -186,4 +186,49 @@ NearPlace nearestPlace(const TravelSegment& a, const TravelSegment& b) {
   return nearest.best;
 }
 
+namespace {
+
+/// A line with what every test against it needs.
+struct Line {
+  explicit Line(const TravelSegment& segment)
+      : start(segment.start), chord(segment.end - segment.start), lengthSqrd(chord.lengthSqrd()) {}
+
+  /// Whether `p` is nearer than the limit, told without a division.
+  bool isNearer(const Vec& p, double limitSqrd) const {
+    const Vec arm = p - start;
+    const double along = dot(arm, chord);
+    if (along <= 0.0) return arm.lengthSqrd() < limitSqrd;
+    if (along >= lengthSqrd) return distanceSqrd(arm, chord) < limitSqrd;
+    const double height = cross(chord, arm);
+    return height * height < limitSqrd * lengthSqrd;
+  }
+
+  /// Positive on the left.
+  double sideOf(const Vec& p) const { return cross(chord, p - start); }
+
+  Vec start;
+  Vec chord;
+  double lengthSqrd;
+};
+
+bool areLinesNearer(const TravelSegment& a, const TravelSegment& b, double limitSqrd) {
+  const Line onA(a);
+  const Line onB(b);
+  if (onA.isNearer(b.start, limitSqrd) || onA.isNearer(b.end, limitSqrd) ||
+      onB.isNearer(a.start, limitSqrd) || onB.isNearer(a.end, limitSqrd)) {
+    return true;
+  }
+  // Lines with all ends apart are near only where they cross.
+  const bool partsB = (onA.sideOf(b.start) < 0.0) != (onA.sideOf(b.end) < 0.0);
+  const bool partsA = (onB.sideOf(a.start) < 0.0) != (onB.sideOf(a.end) < 0.0);
+  return partsA && partsB;
+}
+
+}  // namespace
+
+bool isNearer(const TravelSegment& a, const TravelSegment& b, double limitSqrd) {
+  if (!a.isArc() && !b.isArc()) return areLinesNearer(a, b, limitSqrd);
+  return nearestPlace(a, b).distanceSqrd < limitSqrd;
+}
+
 }  // namespace qdr

@@ -35,4 +35,7 @@ struct NearPlace {
 /// on the common normal.
 NearPlace nearestPlace(const TravelSegment& a, const TravelSegment& b);
 
+/// Whether some place of `a` is nearer to `b` than the root of `limitSqrd`.
+bool isNearer(const TravelSegment& a, const TravelSegment& b, double limitSqrd);
+
 }  // namespace qdr

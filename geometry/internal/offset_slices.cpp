@@ -89,6 +89,7 @@ class OffsetClipper {
   void addSelfCuts(std::size_t i, std::size_t j);
   void addOtherCuts(std::size_t i, std::size_t j);
   void addEndCuts(std::size_t i);
+  BoxIndex indexOfUnburied() const;
   void collectCuts();
   void sortCuts();
   bool isPartClear(std::size_t i, double from, double to) const;
@@ -111,7 +112,7 @@ OffsetClipper::OffsetClipper(const OffsetClip& clip)
     : m_clip(clip),
       m_raw(segmentsOf(clip.raw.points, clip.raw.bulges, false)),
       m_other(segmentsOf(clip.other.points, clip.other.bulges, false)),
-      m_rawIndex(boxesOf(m_raw), BoxIndex::Order::given),
+      m_rawIndex(boxesOf(m_raw, kCurveTolerance), BoxIndex::Order::given),
       m_isLoop(distanceSqrd(clip.raw.points.front(), clip.raw.points.back()) == 0.0),
       m_clearance(segmentsOf(clip.sourcePoints, clip.sourceBulges, clip.sourceClosed),
                   clip.distance - kJoinTolerance),
@@ -183,18 +184,26 @@ void OffsetClipper::addEndCuts(std::size_t i) {
 
 /// Only segments that are not buried are cut, and only by such: at a place too near to the source
 /// a cut decides nothing, because the slices on both of its sides fall.
+BoxIndex OffsetClipper::indexOfUnburied() const {
+  std::vector<Box> boxes = boxesOf(m_raw, kCurveTolerance);
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    if (m_standings[i].kind == Standing::buried) boxes[i] = Box();
+  }
+  return BoxIndex(std::move(boxes), BoxIndex::Order::given);
+}
+
 void OffsetClipper::collectCuts() {
-  std::vector<Box> boxes = boxesOf(m_raw);
-  for (std::size_t i = 0; i < boxes.size(); ++i)
-    boxes[i] = m_standings[i].kind == Standing::buried ? Box() : boxes[i].inflated(kCurveTolerance);
-  const BoxIndex alive(std::move(boxes), BoxIndex::Order::given);
-  const BoxIndex other(boxesOf(m_other), BoxIndex::Order::given);
+  const bool someBuried = std::any_of(m_standings.begin(), m_standings.end(),
+                                      [](const Standing& s) { return s.kind == Standing::buried; });
+  const BoxIndex unburied = someBuried ? indexOfUnburied() : BoxIndex();
+  const BoxIndex& index = someBuried ? unburied : m_rawIndex;
+  const BoxIndex other(boxesOf(m_other, 0.0), BoxIndex::Order::given);
   const auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
-  forEachNearPair(alive, alive, overlap, [this](std::size_t i, std::size_t j) {
+  forEachNearPair(index, index, overlap, [this](std::size_t i, std::size_t j) {
     addSelfCuts(i, j);
     return true;
   });
-  forEachNearPair(alive, other, overlap, [this](std::size_t i, std::size_t j) {
+  forEachNearPair(index, other, overlap, [this](std::size_t i, std::size_t j) {
     addOtherCuts(i, j);
     return true;
   });

@@ -1,5 +1,6 @@
 #include "geometry/internal/raw_offset.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "geometry/internal/bulge.h"
@@ -14,17 +15,6 @@ namespace {
 
 bool isWithin(const Vec& a, const Vec& b, double tol) {
   return distanceSqrd(a, b) <= tol * tol;
-}
-
-VertexChain withoutNearVertices(const VertexChain& chain) {
-  VertexChain kept;
-  kept.points.reserve(chain.size() + 1);
-  kept.bulges.reserve(chain.size() + 1);
-  for (std::size_t i = 0; i < chain.size(); ++i) {
-    if (i > 0 && isWithin(chain.points[i], kept.points.back(), kMergeTolerance)) continue;
-    kept.add(chain.points[i], chain.bulges[i]);
-  }
-  return kept;
 }
 
 /// An arc that the offset would shrink to nothing becomes its chord.
@@ -86,19 +76,21 @@ bool offsetSegment(const TravelSegment& segment, const OffsetRequest& request,
   return true;
 }
 
-/// The chain as a list of segments to offset; a closed chain ends where it starts.
-std::vector<TravelSegment> sourceSegments(const VertexChain& chain, bool closed, bool& isLoop) {
-  VertexChain source = chain;
-  if (closed) source.add(source.points.front(), source.bulges.front());
-  const std::size_t size = source.size();
-  if (closed && size > 1 &&
-      isWithin(source.points[size - 1], source.points[size - 2], kRepeatTolerance)) {
-    source.points.pop_back();
-    source.bulges.pop_back();
-  }
-  isLoop =
-      source.size() > 2 && isWithin(source.points.back(), source.points.front(), kPointTolerance);
-  return segmentsOf(source.points, source.bulges, false);
+/// The segments to offset: of a closed chain up to the return to its start.
+struct SourceRange {
+  std::size_t count = 0;
+  bool isLoop = false;  // the last one ends where the first begins
+};
+
+SourceRange sourceRange(const VertexChain& chain, bool closed) {
+  const std::vector<Vec>& points = chain.points;
+  const bool repeatsStart = isWithin(points.back(), points.front(), kRepeatTolerance);
+  const bool returns = closed && !repeatsStart;
+  SourceRange range;
+  range.count = points.size() - (returns ? 0 : 1);
+  range.isLoop =
+      returns || (points.size() > 2 && isWithin(points.back(), points.front(), kPointTolerance));
+  return range;
 }
 
 /// The chain itself, bit for bit, with the closing segment as one of its own.
@@ -109,60 +101,98 @@ VertexChain unmoved(const VertexChain& chain, bool closed) {
   return copy;
 }
 
-/// The joined segments as vertices: each where its marks are, what its join puts behind it.
-VertexChain emitJoined(const std::vector<OffsetPart>& parts, bool isLoop) {
-  VertexChain raw;
-  raw.points.reserve(parts.size() + parts.size() / 2 + 1);
-  raw.bulges.reserve(parts.size() + parts.size() / 2 + 1);
-  for (const OffsetPart& part : parts) {
-    raw.add(part.from, part.bulge());
-    if (part.hasConnector) raw.add(part.to, part.connectorBulge);
+/// Joins the parts one after the other and writes each out once both of its ends are known.
+class PartWriter {
+ public:
+  explicit PartWriter(std::size_t room) {
+    m_raw.points.reserve(room);
+    m_raw.bulges.reserve(room);
   }
-  raw.add(isLoop ? parts.front().from : parts.back().to, 0.0);
-  return raw;
-}
+
+  void add(OffsetPart part) {
+    if (m_count++ > 0) {
+      joinParts(m_last, part);
+      write(m_last);
+    }
+    m_last = part;
+  }
+
+  bool isEmpty() const { return m_count == 0; }
+
+  VertexChain finish(bool isLoop) {
+    isLoop = isLoop && m_count > 1;
+    if (isLoop) joinParts(m_last, m_first);
+    write(m_last);
+    m_raw.add(isLoop ? m_first.from : m_last.to, 0.0);
+    m_raw.points.front() = m_first.from;
+    m_raw.bulges.front() = m_first.bulge();
+    return std::move(m_raw);
+  }
+
+ private:
+  void write(const OffsetPart& part) {
+    if (m_raw.size() == 0) m_first = part;
+    m_raw.add(part.from, part.bulge());
+    if (part.hasConnector) m_raw.add(part.to, part.connectorBulge);
+  }
+
+  VertexChain m_raw;
+  OffsetPart m_first;
+  OffsetPart m_last;
+  std::size_t m_count = 0;
+};
 
 }  // namespace
 
+VertexChain withoutNearVertices(const VertexChain& chain) {
+  VertexChain kept;
+  kept.points.reserve(chain.size());
+  kept.bulges.reserve(chain.size());
+  for (std::size_t i = 0; i < chain.size(); ++i) {
+    if (i > 0 && isWithin(chain.points[i], kept.points.back(), kMergeTolerance)) continue;
+    kept.add(chain.points[i], chain.bulges[i]);
+  }
+  return kept;
+}
+
 VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& request) {
-  const VertexChain kept = withoutNearVertices(chain);
-  if (request.distance == 0.0) return kept;
-  std::vector<TravelSegment> segments = segmentsOf(kept.points, kept.bulges, request.closed);
-  for (TravelSegment& segment : segments)
-    segment = straightenedIfSwallowed(segment, request);
+  const bool hasArcs = std::any_of(chain.bulges.begin(), chain.bulges.end(), isArcBulge);
+  if (request.distance == 0.0 || !hasArcs || chain.size() < 2) return chain;
+  const std::size_t count = chain.size() - (request.closed ? 0 : 1);
+  const auto sourceAt = [&](std::size_t i) {
+    return straightenedIfSwallowed(segmentAt(chain.points, chain.bulges, i), request);
+  };
 
   VertexChain prepared;
-  prepared.points.reserve(kept.size() + 1);
-  prepared.bulges.reserve(kept.size() + 1);
-  for (std::size_t i = 0; i < segments.size(); ++i) {
-    const bool hasFollower = i + 1 < segments.size();
-    if (hasFollower || (request.closed && segments.size() > 1)) {
-      appendSplitAtCrossing(segments[i], segments[hasFollower ? i + 1 : 0], prepared);
-    } else {
-      prepared.add(segments[i].start, segments[i].bulge);
-    }
+  prepared.points.reserve(chain.size());
+  prepared.bulges.reserve(chain.size());
+  const TravelSegment first = sourceAt(0);
+  TravelSegment segment = first;
+  for (std::size_t i = 0; i + 1 < count; ++i) {
+    const TravelSegment follower = sourceAt(i + 1);
+    appendSplitAtCrossing(segment, follower, prepared);
+    segment = follower;
   }
-  if (!request.closed && !kept.points.empty()) prepared.add(kept.points.back(), kept.bulges.back());
+  if (request.closed) {
+    appendSplitAtCrossing(segment, first, prepared);
+  } else {
+    prepared.add(segment.start, segment.bulge);
+    prepared.add(chain.points.back(), chain.bulges.back());
+  }
   return prepared;
 }
 
 VertexChain rawOffset(const VertexChain& chain, const OffsetRequest& request) {
   if (chain.size() < 2) return chain;
   if (request.distance == 0.0) return unmoved(chain, request.closed);
-  bool isLoop = false;
-  const std::vector<TravelSegment> source = sourceSegments(chain, request.closed, isLoop);
-  std::vector<OffsetPart> parts;
-  parts.reserve(source.size());
-  for (const TravelSegment& segment : source) {
+  const SourceRange range = sourceRange(chain, request.closed);
+  PartWriter writer(chain.size() + chain.size() / 2 + 2);
+  for (std::size_t i = 0; i < range.count; ++i) {
+    const TravelSegment segment = segmentAt(chain.points, chain.bulges, i);
     TravelSegment moved;
-    if (offsetSegment(segment, request, moved)) parts.emplace_back(moved, segment.start);
+    if (offsetSegment(segment, request, moved)) writer.add({moved, segment.start});
   }
-  if (parts.empty()) return chain;
-  for (std::size_t k = 0; k + 1 < parts.size(); ++k)
-    joinParts(parts[k], parts[k + 1]);
-  isLoop = isLoop && parts.size() > 1;
-  if (isLoop) joinParts(parts.back(), parts.front());
-  return emitJoined(parts, isLoop);
+  return writer.isEmpty() ? chain : writer.finish(range.isLoop);
 }
 
 }  // namespace qdr

@@ -25,9 +25,12 @@ struct OffsetRequest {
   bool closed = false;
 };
 
-/// The chain as the raw offset wants it: vertices within 0.05 of the one kept before are merged,
-/// arcs that turn toward the offset side and are no larger than the distance become their chords,
-/// and a segment that its neighbour crosses a second time is split between crossing and vertex.
+/// The chain without the vertices that lie within 0.05 of the one kept before them.
+VertexChain withoutNearVertices(const VertexChain& chain);
+
+/// The chain as the raw offset wants it: arcs that turn toward the offset side and are no larger
+/// than the distance become their chords, and a segment that its neighbour crosses a second time is
+/// split between crossing and vertex.
 VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& request);
 
 /// Every segment moved by the distance and joined to its follower; crossings with itself stay in.

@@ -13,11 +13,8 @@ namespace {
 /// Where a place of the infinite line or full circle lies against the segment.
 enum class Place { onSegment, beyondEnd, beforeStart };
 
-Place classify(const TravelSegment& segment, const Vec& p) {
-  if (distanceSqrdTo(segment, p) <= kCurveTolerance * kCurveTolerance) return Place::onSegment;
-  if (segment.isArc()) return segment.paramOf(p) > 1.0 ? Place::beyondEnd : Place::beforeStart;
-  const bool nearerEnd = distanceSqrd(p, segment.end) < distanceSqrd(p, segment.start);
-  return nearerEnd ? Place::beyondEnd : Place::beforeStart;
+bool isOnSegment(const TravelSegment& segment, const Vec& p) {
+  return distanceSqrdTo(segment, p) <= kCurveTolerance * kCurveTolerance;
 }
 
 void meetAt(OffsetPart& part, OffsetPart& follower, const Vec& p) {
@@ -52,22 +49,38 @@ void round(OffsetPart& part, OffsetPart& follower) {
   }
 }
 
-bool areParallel(const TravelSegment& a, const TravelSegment& b) {
-  const Vec u = (a.end - a.start).normal(0.0);
-  const Vec v = (b.end - b.start).normal(0.0);
-  return distanceSqrd(u, v) <= kVectorTolerance * kVectorTolerance;
+/// Whether the unit directions differ by at most 0.001, told without roots.
+bool areParallel(const Vec& u, const Vec& v) {
+  constexpr double kLeastCosine = 1.0 - kVectorTolerance * kVectorTolerance / 2.0;
+  const double cosine = dot(u, v);
+  return cosine > 0.0 &&
+         cosine * cosine >= kLeastCosine * kLeastCosine * u.lengthSqrd() * v.lengthSqrd();
+}
+
+/// Where the place at parameter `t` of the line through a segment lies.
+Place placeOnLine(double t, double lengthSqrd) {
+  const double beyond = t > 1.0 ? t - 1.0 : (t < 0.0 ? -t : 0.0);
+  if (beyond * beyond * lengthSqrd <= kCurveTolerance * kCurveTolerance) return Place::onSegment;
+  return t > 0.5 ? Place::beyondEnd : Place::beforeStart;
 }
 
 void joinLines(OffsetPart& part, OffsetPart& follower) {
   const TravelSegment& p = part.segment;
   const TravelSegment& f = follower.segment;
-  const Meeting meeting = meetExtended(p, f);
-  if (areParallel(p, f) || meeting.count == 0) return connect(part, 0.0);
-  const Place onPart = classify(p, meeting.points[0]);
-  const Place onFollower = classify(f, meeting.points[0]);
-  const bool cross = onPart == Place::onSegment && onFollower == Place::onSegment;
+  const Vec u = p.end - p.start;
+  const Vec v = f.end - f.start;
+  const Vec gap = f.start - p.start;
+  const double sine = cross(u, v);
+  const double uSqrd = u.lengthSqrd();
+  const double vSqrd = v.lengthSqrd();
+  const bool neverMeet = !(sine * sine > kParallelSine * kParallelSine * uSqrd * vSqrd);
+  if (neverMeet || areParallel(u, v)) return connect(part, 0.0);
+  const double t = cross(gap, v) / sine;
+  const Place onPart = placeOnLine(t, uSqrd);
+  const Place onFollower = placeOnLine(cross(gap, u) / sine, vSqrd);
+  const bool areCrossing = onPart == Place::onSegment && onFollower == Place::onSegment;
   const bool isSharpCorner = onPart == Place::beyondEnd && onFollower == Place::beforeStart;
-  if (cross || isSharpCorner) return meetAt(part, follower, meeting.points[0]);
+  if (areCrossing || isSharpCorner) return meetAt(part, follower, p.start + u * t);
   connect(part, 0.0);
 }
 
@@ -82,8 +95,8 @@ void joinWithArc(OffsetPart& part, OffsetPart& follower) {
       distanceSqrd(meeting.points[1], follower.vertex) < distanceSqrd(place, follower.vertex)) {
     place = meeting.points[1];
   }
-  const bool isOnPart = classify(p, place) == Place::onSegment;
-  const bool isOnFollower = classify(f, place) == Place::onSegment;
+  const bool isOnPart = isOnSegment(p, place);
+  const bool isOnFollower = isOnSegment(f, place);
   if (isOnPart == isOnFollower) return meetAt(part, follower, place);
   if (p.isArc() && f.isArc()) return round(part, follower);
   connect(part, 0.0);

@@ -7,6 +7,7 @@ namespace qdr {
 /// One offset segment on its way into the raw offset. The segment stays uncut while it is joined
 /// on both sides; only its marks move, and its bulge is formed from them at the end.
 struct OffsetPart {
+  OffsetPart() = default;
   OffsetPart(const TravelSegment& offsetSegment, const Vec& sourceStart)
       : segment(offsetSegment),
         vertex(sourceStart),

@@ -54,29 +54,14 @@ TravelSegment TravelSegment::part(double from, double to) const {
   return makeSegment(a, b, partBulge);
 }
 
-TravelSegment makeSegment(const Vec& start, const Vec& end, double bulge) {
-  TravelSegment segment;
-  segment.start = start;
-  segment.end = end;
-  const Vec chord = end - start;
-  const double chordSqrd = chord.lengthSqrd();
-  if (!isArcBulge(bulge) || !(chordSqrd > 0.0)) return segment;
-  // The centre lies on the bisector, (1 - b^2) / (4 b) chord lengths to the left of the middle.
-  const double offCenter = (1.0 - bulge * bulge) / (4.0 * bulge);
-  segment.bulge = bulge;
-  segment.center = (start + end) * 0.5 + chord.perpVector() * offCenter;
-  segment.radius = std::sqrt(chordSqrd) * (1.0 + bulge * bulge) / (4.0 * std::abs(bulge));
-  return segment;
-}
-
 std::vector<TravelSegment> segmentsOf(std::span<const Vec> points, std::span<const double> bulges,
                                       bool closed) {
   std::vector<TravelSegment> segments;
   if (points.size() < 2) return segments;
-  segments.reserve(points.size());
-  for (std::size_t i = 0; i + 1 < points.size(); ++i)
-    segments.push_back(makeSegment(points[i], points[i + 1], bulges[i]));
-  if (closed) segments.push_back(makeSegment(points.back(), points.front(), bulges.back()));
+  const std::size_t count = points.size() - (closed ? 0 : 1);
+  segments.reserve(count);
+  for (std::size_t i = 0; i < count; ++i)
+    segments.push_back(segmentAt(points, bulges, i));
   return segments;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cmath>
 #include <span>
 #include <vector>
 
 #include "geometry/internal/box.h"
+#include "geometry/internal/bulge.h"
 #include "geometry/internal/vec.h"
 
 namespace qdr {
@@ -43,7 +45,28 @@ struct TravelSegment {
 
 /// The segment over this chord; a bulge of at most 0.001 in magnitude and a chord of no length
 /// give a line.
-TravelSegment makeSegment(const Vec& start, const Vec& end, double bulge);
+inline TravelSegment makeSegment(const Vec& start, const Vec& end, double bulge) {
+  TravelSegment segment;
+  segment.start = start;
+  segment.end = end;
+  if (!isArcBulge(bulge)) return segment;
+  const Vec chord = end - start;
+  const double chordSqrd = chord.lengthSqrd();
+  if (!(chordSqrd > 0.0)) return segment;
+  // The centre lies on the bisector, (1 - b^2) / (4 b) chord lengths to the left of the middle.
+  const double bulgeSqrd = bulge * bulge;
+  const double quarter = 0.25 / bulge;
+  segment.bulge = bulge;
+  segment.center = (start + end) * 0.5 + chord.perpVector() * ((1.0 - bulgeSqrd) * quarter);
+  segment.radius = std::sqrt(chordSqrd) * (1.0 + bulgeSqrd) * std::abs(quarter);
+  return segment;
+}
+
+/// Segment `i` of a chain; behind the last vertex follows the first.
+inline TravelSegment segmentAt(std::span<const Vec> points, std::span<const double> bulges,
+                               std::size_t i) {
+  return makeSegment(points[i], points[i + 1 < points.size() ? i + 1 : 0], bulges[i]);
+}
 
 /// Every segment of the chain, the closing one included when `closed`.
 std::vector<TravelSegment> segmentsOf(std::span<const Vec> points, std::span<const double> bulges,

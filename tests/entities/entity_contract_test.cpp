@@ -1,0 +1,357 @@
+// What every entity class keeps. A class joins by one row; a law that it does not keep stands in
+// its row with the reason.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+#include "database/entity_classes.h"
+#include "database/undo/undo_operations.h"
+#include "entities/drawn_box.h"
+#include "entities/rect.h"
+#include "geometry/angle.h"
+#include "geometry/line2d.h"
+#include "tests/support/entity_text.h"
+#include "tests/support/sketch.h"
+
+namespace {
+
+using qdr::test::addFromText;
+using qdr::test::bytesOf;
+using qdr::test::entityFromText;
+
+struct EntityRow {
+  const char* text;
+  QdrDb::ClassType type;
+  /// Bytes that counted fields add to the body of the class.
+  std::size_t countedBytes = 0;
+  /// All grips, in order.
+  std::vector<CQdrGePoint2d> grips = {};
+  /// Rows of group "Shape" with their values; none for a class without the group.
+  std::vector<std::pair<const wchar_t*, const wchar_t*>> shape = {};
+  /// The entity after a move by (3, -2), a quarter turn about the origin, a scaling by 2 about
+  /// (1, 1) and a mirroring in the x axis; null where it stays as it is.
+  const char* moved;
+  const char* turned;
+  const char* scaled;
+  const char* mirrored;
+  bool drawsOnItself = true;  ///< what it draws lies on it; not so for markers
+  bool recordsUndo = true;
+};
+
+const EntityRow kRows[] = {
+    {.text = "line -3 1 5 7",
+     .type = QdrDb::eClassLine,
+     .grips = {{1, 4}, {-3, 1}, {5, 7}},
+     .shape = {{L"X Start", L"-3.000000"},
+               {L"Y Start", L"1.000000"},
+               {L"X End", L"5.000000"},
+               {L"Y End", L"7.000000"}},
+     .moved = "line 0 -1 8 5",
+     .turned = "line -1 -3 -7 5",
+     .scaled = "line -7 1 9 13",
+     .mirrored = "line -3 -1 5 -7"},
+    {.text = "arc 1 2 5 0 90",
+     .type = QdrDb::eClassArc,
+     // The middle lies at 45 degrees: 5 / sqrt 2 = 3.5355339059327378 from the centre.
+     .grips = {{1, 2}, {6, 2}, {4.5355339059327378, 5.5355339059327378}, {1, 7}},
+     .shape = {{L"X Center", L"1.000000"},
+               {L"Y Center", L"2.000000"},
+               {L"Radius", L"5.000000"},
+               {L"Start Angle", L"0.000000"},
+               {L"End Angle", L"1.570796"}},
+     .moved = "arc 4 0 5 0 90",
+     .turned = "arc -2 1 5 90 180",
+     .scaled = "arc 1 3 10 0 90",
+     .mirrored = "arc 1 -2 5 270 360"},
+    {.text = "circle 2 -1 4",
+     .type = QdrDb::eClassCircle,
+     .grips = {{2, -1}, {6, -1}, {2, 3}, {-2, -1}, {2, -5}},
+     .shape = {{L"X Center", L"2.000000"}, {L"Y Center", L"-1.000000"}, {L"Radius", L"4.000000"}},
+     .moved = "circle 5 -3 4",
+     .turned = "circle 1 2 4",
+     .scaled = "circle 3 -3 8",
+     .mirrored = "circle 2 1 4"},
+    {.text = "rect -4 6 2 3",
+     .type = QdrDb::eClassRect,
+     .grips = {{-1, 4.5}, {-1, 3}, {2, 4.5}, {-1, 6}, {-4, 4.5}, {-4, 3}, {2, 3}, {2, 6}, {-4, 6}},
+     .shape = {{L"Top", L"6.000000"},
+               {L"Bottom", L"3.000000"},
+               {L"Left", L"-4.000000"},
+               {L"Right", L"2.000000"}},
+     .moved = "rect -1 4 5 1",
+     // Both corners turn; left lies right of right afterwards no more than they did before.
+     .turned = "rect -6 -4 -3 2",
+     .scaled = "rect -9 11 3 5",
+     .mirrored = "rect -4 -6 2 -3"},
+    {.text = "point 3 4 0.5",
+     .type = QdrDb::eClassPoint,
+     .grips = {{3, 4}},
+     .moved = "point 6 2 0.5",
+     .turned = "point -4 3 0.5",
+     .scaled = nullptr,  // scaling leaves points alone
+     .mirrored = "point 3 -4 0.5",
+     .drawsOnItself = false,
+     .recordsUndo = false},
+};
+
+// Grips of two entities within a billionth.
+void expectSameGrips(CQdrDbEntity& actual, CQdrDbEntity& expected, const char* row) {
+  std::vector<CQdrGePoint2d>* actualGrips = nullptr;
+  std::vector<CQdrGePoint2d>* expectedGrips = nullptr;
+  actual.getGripPointVec(actualGrips);
+  expected.getGripPointVec(expectedGrips);
+  ASSERT_EQ(actualGrips->size(), expectedGrips->size()) << row;
+  for (std::size_t i = 0; i < actualGrips->size(); ++i)
+    EXPECT_LT((*actualGrips)[i].distanceTo((*expectedGrips)[i]), 1e-9) << row << ", grip " << i;
+}
+
+class EntityContract : public testing::TestWithParam<EntityRow> {
+ protected:
+  const EntityRow& row() const { return GetParam(); }
+  const qdr::EntityClass& entityClass() const { return *qdr::entityClass(row().type); }
+
+  CQdrDbDatabase m_database{true};
+};
+
+TEST_P(EntityContract, BytesSurviveARoundTrip) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  ASSERT_EQ(entity->classType(), row().type);
+  const std::string bytes = bytesOf(*entity);
+  EXPECT_EQ(bytes.size(), entityClass().bodyBytes + row().countedBytes);
+  EXPECT_EQ(static_cast<std::uint8_t>(bytes[12]), entityClass().status);
+
+  std::unique_ptr<CQdrDbEntity> again(entityClass().make(&m_database));
+  qdr::test::readFrom(*again, bytes);
+  EXPECT_EQ(bytesOf(*again), bytes);
+}
+
+TEST_P(EntityContract, ReadsAnyShortFile) {
+  const std::string bytes = bytesOf(*entityFromText(m_database, row().text));
+  for (std::size_t length = 0; length < bytes.size(); ++length) {
+    std::unique_ptr<CQdrDbEntity> entity(entityClass().make(&m_database));
+    qdr::test::readFrom(*entity, bytes.substr(0, length));
+    EXPECT_EQ(entity->classType(), row().type);
+  }
+}
+
+TEST_P(EntityContract, CopyIsEqualButItsOwn) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  entity->setColor(3);
+  entity->setLayer(L"PipeLine");
+  entity->setLineType(L"Hidden");
+  entity->setLineWeight(static_cast<QdrDb::LineWeight>(35));
+  entity->SetBoundary(1);
+
+  const std::unique_ptr<CQdrDbEntity> copy(entity->CopyEntity(true));
+  ASSERT_TRUE(copy);
+  constexpr std::size_t kNumberBytes = 8;
+  EXPECT_EQ(bytesOf(*copy).substr(kNumberBytes), bytesOf(*entity).substr(kNumberBytes));
+  EXPECT_NE(copy->getCreatedTime(), entity->getCreatedTime());
+  EXPECT_FALSE(copy->IsDbEntity());
+  EXPECT_TRUE(copy->objectId() == copy.get());
+  EXPECT_EQ(copy->database(), &m_database);
+  EXPECT_EQ(copy->IsBoundary(), entity->IsBoundary());
+  expectSameGrips(*copy, *entity, row().text);
+}
+
+TEST_P(EntityContract, AssignmentTakesGeometryAndLooks) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  entity->setColor(5);
+  const std::unique_ptr<CQdrDbEntity> other(entityClass().make(&m_database));
+  *other = *entity;
+  EXPECT_EQ(bytesOf(*other).substr(8), bytesOf(*entity).substr(8));
+  expectSameGrips(*other, *entity, row().text);
+}
+
+TEST_P(EntityContract, ShowsItsProperties) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  PropertyGroups groups = entity->getProperty()[row().type];
+  std::vector<Property>& general = groups[L"General"];
+  ASSERT_EQ(general.size(), 4u);
+  EXPECT_EQ(general[0].m_value, L"0");
+  EXPECT_EQ(general[1].m_value, L"256");
+  EXPECT_EQ(general[2].m_value, L"CONTINUOUS");
+  EXPECT_EQ(general[3].m_value, L"-1");
+  EXPECT_EQ(groups.contains(L"Shape"), !row().shape.empty());
+
+  const std::vector<Property>& shape = groups[L"Shape"];
+  ASSERT_EQ(shape.size(), row().shape.size());
+  for (std::size_t i = 0; i < shape.size(); ++i) {
+    EXPECT_EQ(shape[i].m_name, row().shape[i].first);
+    EXPECT_EQ(shape[i].m_value, row().shape[i].second);
+    EXPECT_EQ(shape[i].m_caption, CString(L"Change ") + row().shape[i].first);
+  }
+}
+
+TEST_P(EntityContract, PutsItsGripsInOrder) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  std::vector<CQdrGePoint2d>* grips = nullptr;
+  ASSERT_TRUE(entity->getGripPointVec(grips));
+  ASSERT_EQ(grips->size(), row().grips.size());
+  for (std::size_t i = 0; i < grips->size(); ++i)
+    EXPECT_LT((*grips)[i].distanceTo(row().grips[i]), 1e-12) << "grip " << i;
+}
+
+TEST_P(EntityContract, TransformsAsTold) {
+  const CQdrGePoint2d origin;
+  const auto expectAfter = [&](const char* expected, auto&& transform) {
+    CQdrDbEntity* entity = addFromText(m_database, row().text);
+    EXPECT_EQ(&transform(*entity), entity);
+    entity->setGripPoints();
+    const auto wanted = entityFromText(m_database, expected ? expected : row().text);
+    expectSameGrips(*entity, *wanted, expected ? expected : row().text);
+  };
+  expectAfter(row().moved, [](CQdrDbEntity& e) -> CQdrDbEntity& {
+    return e.TranslateBy(CQdrGeVector2d(3, -2));
+  });
+  expectAfter(row().moved, [](CQdrDbEntity& e) -> CQdrDbEntity& {
+    return e.TransformBy(CQdrGeMatrix2d::translation(CQdrGeVector2d(3, -2)));
+  });
+  expectAfter(row().turned,
+              [&](CQdrDbEntity& e) -> CQdrDbEntity& { return e.RotateBy(qdr::kHalfPi, origin); });
+  expectAfter(row().scaled, [](CQdrDbEntity& e) -> CQdrDbEntity& {
+    return e.ScaleBy(2.0, {1, 1});
+  });
+  expectAfter(row().scaled, [](CQdrDbEntity& e) -> CQdrDbEntity& {
+    return e.ScaleBy(2.0, 2.0, {1, 1});
+  });
+  expectAfter(row().mirrored,
+              [](CQdrDbEntity& e) -> CQdrDbEntity& { return e.Mirror(CQdrGeLine2d::kXAxis); });
+}
+
+TEST_P(EntityContract, DrawsInItsBoxAndOnItself) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  const std::vector<CQdrGePoint2d> drawn = qdr::test::drawnPoints(*entity);
+  ASSERT_FALSE(drawn.empty());
+  const qdr::DrawnBox box = qdr::drawnBox(*entity);
+  ASSERT_TRUE(box.known);
+  const double margin = box.pixels * qdr::test::kSketchPixel;
+  for (const CQdrGePoint2d& point : drawn) {
+    EXPECT_GE(point.x, box.minX - margin);
+    EXPECT_LE(point.x, box.maxX + margin);
+    EXPECT_GE(point.y, box.minY - margin);
+    EXPECT_LE(point.y, box.maxY + margin);
+    if (row().drawsOnItself) {
+      EXPECT_EQ(entity->isOn(point, 2 * qdr::test::kSketchPixel), 1);
+    }
+  }
+  EXPECT_EQ(entity->isOn({-19, 19}, qdr::test::kSketchPixel), 0);
+}
+
+TEST_P(EntityContract, ErasureHides) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  const CQdrDbObjectId id = entity->objectId();
+  EXPECT_TRUE(entity->isVisiable());
+  EXPECT_TRUE(m_database.m_layerTable.getCurrentRecord()->getEntitySet().contains(id));
+
+  entity->Erase();
+  EXPECT_TRUE(entity->isErased());
+  EXPECT_FALSE(entity->isVisiable());
+  EXPECT_FALSE(entity->IsDbEntity());
+  EXPECT_TRUE(qdr::test::drawnPoints(*entity).empty());
+  EXPECT_FALSE(m_database.m_layerTable.getCurrentRecord()->getEntitySet().contains(id));
+  EXPECT_FALSE(m_database.m_blockTable.getCurrentRecord()->getEntitySet().contains(id));
+  delete entity;
+}
+
+tagUndoEditEntity step(CQdrDbEntity& entity, qdr::UndoCode code) {
+  tagUndoEditEntity record;
+  record.continued = 0;
+  record.operation = code;
+  record.entityId = entity.objectId();
+  return record;
+}
+
+// Does something to the entity and fills the record of it.
+struct Deed {
+  qdr::UndoCode code;
+  void (*perform)(CQdrDbEntity& entity, tagUndoEditEntity& record);
+};
+
+const Deed kDeeds[] = {
+    {qdr::kUndoMoved,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.vector = CQdrGeVector2d(2, 3);
+       entity.TranslateBy(CQdrGeVector2d(2, 3));
+     }},
+    {qdr::kUndoMirrored,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.point = {1, 0};
+       record.vector = CQdrGeVector2d(0, 4);
+       entity.Mirror(CQdrGeLine2d(CQdrGePoint2d(1, 0), CQdrGePoint2d(1, 4)));
+     }},
+    {qdr::kUndoRotated,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.point = {1, 1};
+       record.vector = CQdrGeVector2d(0, 1);
+       entity.RotateBy(qdr::kHalfPi, {1, 1});
+     }},
+    {qdr::kUndoScaled,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.point = {1, 1};
+       record.vector = QdrXY(4, 4);
+       entity.ScaleBy(4, {1, 1});
+     }},
+    {qdr::kUndoErased, [](CQdrDbEntity& entity, tagUndoEditEntity&) { entity.setErased(); }},
+    {qdr::kUndoLayer,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.oldId = entity.LayerId();
+       entity.setLayer(L"WeldNum");
+     }},
+    {qdr::kUndoLineType,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.oldId = entity.LineTypeId();
+       entity.setLineType(L"Hidden");
+     }},
+    {qdr::kUndoColor,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.oldId = entity.ColorId();
+       entity.setColor(1);
+     }},
+    {qdr::kUndoLineWeight,
+     [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
+       record.value = entity.LineWeight();
+       entity.setLineWeight(static_cast<QdrDb::LineWeight>(50));
+     }},
+};
+
+// Looks and visibility: the bytes of status, layer, linetype, colour and weight.
+std::string looksOf(CQdrDbEntity& entity) {
+  return bytesOf(entity).substr(12, 25);
+}
+
+TEST_P(EntityContract, UndoAndRedoGoBackAndForth) {
+  for (const Deed& deed : kDeeds) {
+    CQdrDbEntity* entity = addFromText(m_database, row().text);
+    const std::unique_ptr<CQdrDbEntity> before(entity->CopyEntity(true));
+    const std::string looksBefore = looksOf(*entity);
+    tagUndoEditEntity record = step(*entity, deed.code);
+    deed.perform(*entity, record);
+    entity->setGripPoints();
+    const std::unique_ptr<CQdrDbEntity> after(entity->CopyEntity(true));
+    const std::string looksAfter = looksOf(*entity);
+
+    const std::size_t length = m_database.m_undoHandler.m_undoList.size();
+    EXPECT_EQ(m_database.m_undoHandler.AddUndo(record), length + (row().recordsUndo ? 1 : 0));
+    if (!row().recordsUndo) continue;
+    SCOPED_TRACE(deed.code);
+    EXPECT_TRUE(m_database.m_undoHandler.Undo());
+    expectSameGrips(*entity, *before, row().text);
+    EXPECT_EQ(looksOf(*entity), looksBefore);
+    EXPECT_TRUE(m_database.m_undoHandler.Redo());
+    expectSameGrips(*entity, *after, row().text);
+    EXPECT_EQ(looksOf(*entity), looksAfter);
+  }
+}
+
+std::string rowName(const testing::TestParamInfo<EntityRow>& info) {
+  const std::string text = info.param.text;
+  return text.substr(0, text.find(' '));
+}
+
+INSTANTIATE_TEST_SUITE_P(Classes, EntityContract, testing::ValuesIn(kRows), rowName);
+
+}  // namespace

@@ -1,0 +1,106 @@
+#include "tests/support/entity_text.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <vector>
+
+#include "database/entity_classes.h"
+#include "entities/arc.h"
+#include "entities/circle.h"
+#include "entities/line.h"
+#include "entities/point.h"
+#include "entities/rect.h"
+#include "geometry/angle.h"
+#include "platform/headless/memory_file.h"
+
+namespace {
+
+using Numbers = std::vector<double>;
+
+struct Builder {
+  std::string_view keyword;
+  std::size_t count;
+  std::unique_ptr<CQdrDbEntity> (*build)(const Numbers& n);
+};
+
+const Builder kBuilders[] = {
+    {"line", 4,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbLine>(CQdrGePoint2d(n[0], n[1]), CQdrGePoint2d(n[2], n[3]));
+     }},
+    {"arc", 5,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbArc>(CQdrGePoint2d(n[0], n[1]), n[2], qdr::toRadians(n[3]),
+                                          qdr::toRadians(n[4]));
+     }},
+    {"circle", 3,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbCircle>(CQdrGePoint2d(n[0], n[1]), n[2]);
+     }},
+    {"rect", 4,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbRect>(CQdrGePoint2d(n[0], n[1]), CQdrGePoint2d(n[2], n[3]));
+     }},
+    {"point", 3,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       auto point = std::make_unique<CQdrDbPoint>(CQdrGePoint2d(n[0], n[1]));
+       point->SetSize(n[2]);
+       return point;
+     }},
+};
+
+std::unique_ptr<CQdrDbEntity> built(std::string_view text) {
+  std::istringstream words{std::string(text)};
+  std::string keyword;
+  words >> keyword;
+  Numbers numbers;
+  for (double number; words >> number;)
+    numbers.push_back(number);
+  for (const Builder& builder : kBuilders)
+    if (builder.keyword == keyword && builder.count == numbers.size())
+      return builder.build(numbers);
+  return nullptr;
+}
+
+}  // namespace
+
+namespace qdr::test {
+
+std::string bytesOf(CQdrDbObject& object) {
+  MemoryFile file;
+  object.database()->m_pFile = &file;
+  object.save();
+  object.database()->m_pFile = nullptr;
+  file.Close();
+  return file.bytes();
+}
+
+void readFrom(CQdrDbObject& object, const std::string& bytes) {
+  MemoryFile file(bytes);
+  object.database()->m_pFile = &file;
+  object.read();
+  object.database()->m_pFile = nullptr;
+}
+
+std::unique_ptr<CQdrDbEntity> entityFromText(CQdrDbDatabase& database, std::string_view text) {
+  const std::unique_ptr<CQdrDbEntity> original = built(text);
+  if (!original) {
+    ADD_FAILURE() << "no entity: " << text;
+    return nullptr;
+  }
+  original->setDatabase(&database);
+  original->SetEntProperty();
+  std::unique_ptr<CQdrDbEntity> loaded(entityClass(original->classType())->make(&database));
+  readFrom(*loaded, bytesOf(*original));
+  return loaded;
+}
+
+CQdrDbEntity* addFromText(CQdrDbDatabase& database, std::string_view text) {
+  CQdrDbEntity* entity = entityFromText(database, text).release();
+  CQdrDbObjectId id;
+  database.addEntity(entity, id);
+  return entity;
+}
+
+}  // namespace qdr::test
