@@ -159,7 +159,7 @@ CRect CQdrDbPoint::markerSquare() const {
   double half = m_size * _dDispScale;
   if (!(m_size > 0.0) && m_database) {
     const CQdrDbDisplayTableRecord* display = m_database->m_displayTable.getCurrentRecord();
-    half = display ? m_database->m_vars.pointSize * display->pixelSize() : 0.0;
+    half = display ? m_database->m_vars.pointSize * display->scaleX() : 0.0;
   }
   const double x = m_position.x * _dDispScale;
   const double y = m_position.y * _dDispScale;

@@ -64,7 +64,7 @@ void CQdrDbDatabase::DrawThumnail() {
     return;
   }
   CBitmap* former = dc.SelectObject(&bitmap);
-  const CRect window = display->getLogicalWindow();
+  const CRect window = display->logicalWindow();
   mapWindow(dc, window);
   dc.FillSolidRect(window, 0);
   drawMembers(dc, display->getDisplayedIdSet());

@@ -1,0 +1,91 @@
+#include "interaction/trackers/arc_tracker.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "database/undo/undo_operations.h"
+#include "database/undo/undo_record.h"
+#include "entities/arc.h"
+#include "entities/display_units.h"
+#include "entities/line.h"
+
+namespace {
+
+constexpr int kStartGrip = 1;
+constexpr int kRadiusGrip = 2;
+constexpr int kEndGrip = 3;
+
+// Half angles this near to a right one belong to the way straight back.
+constexpr double kStraightBack = 1e-6;
+
+}  // namespace
+
+namespace qdr {
+
+bool endDirection(const CQdrDbEntity& entity, CQdrGeVector2d& direction) {
+  if (entity.classType() == QdrDb::eClassLine) {
+    const auto& line = static_cast<const CQdrDbLine&>(entity);
+    direction = line.EndPoint() - line.StartPoint();
+    return true;
+  }
+  if (entity.classType() == QdrDb::eClassArc) {
+    const auto& arc = static_cast<const CQdrDbArc&>(entity);
+    direction = (arc.EndPoint() - arc.Center()).perpVector();
+    return true;
+  }
+  return false;
+}
+
+double tangentBulge(const CQdrGePoint2d& start, const CQdrGeVector2d& direction,
+                    const CQdrGePoint2d& end) {
+  const CQdrGeVector2d chord = end - start;
+  if (chord.length() == 0.0 || direction.length() == 0.0) return 0.0;
+  const double cross = direction.x * chord.y - direction.y * chord.x;
+  const double turn = std::atan2(cross, direction.dotProduct(chord));
+  // The chord makes half the sweep with the tangent, and the bulge is the tangent of a quarter.
+  if (std::abs(turn) > std::numbers::pi - kStraightBack) return 0.0;
+  return std::tan(turn / 2.0);
+}
+
+}  // namespace qdr
+
+CQdrArcTracker::CQdrArcTracker(CWnd* window, CQdrDbEntity* arc, QdrDb::TransFormOption option,
+                               bool create)
+    : ShapeTracker(eTrackArc, window, arc, option, create) {}
+
+void CQdrArcTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
+  if (!entity) return;
+  auto& arc = static_cast<CQdrDbArc&>(*entity);
+  const CQdrGePoint2d mouse = qdr::toWorld(point);
+  if (m_option == eThreePoints) {
+    arc.set(startWorld(), m_arcPoint, mouse);
+  } else if (m_option == eTangent) {
+    CQdrGeVector2d direction;
+    if (!m_prevEntity || !qdr::endDirection(*m_prevEntity, direction)) return;
+    const double bulge = qdr::tangentBulge(startWorld(), direction, mouse);
+    if (bulge != 0.0) arc.set(startWorld(), mouse, bulge);
+  } else {
+    arc.setEndAngle(arc.Center().angleTo(mouse));
+  }
+}
+
+void CQdrArcTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) {
+  auto& arc = static_cast<CQdrDbArc&>(entity);
+  const CQdrGePoint2d center = arc.Center();
+  if (grip == kStartGrip) arc.setStartAngle(center.angleTo(mouse));
+  if (grip == kRadiusGrip) arc.setRadius(center.distanceTo(mouse));
+  if (grip == kEndGrip) arc.setEndAngle(center.angleTo(mouse));
+}
+
+bool CQdrArcTracker::recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) {
+  const auto& arc = static_cast<const CQdrDbArc&>(entity);
+  if (grip == kRadiusGrip) {
+    record.operation = qdr::kUndoRadius;
+    record.vector.set(arc.Radius(), 0.0);
+    return true;
+  }
+  record.operation = qdr::kUndoAngle;
+  record.index = grip == kStartGrip ? 0 : 1;
+  record.vector = CQdrGeVector2d(grip == kStartGrip ? arc.StartAngle() : arc.EndAngle());
+  return true;
+}

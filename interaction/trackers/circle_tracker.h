@@ -1,0 +1,15 @@
+#pragma once
+
+#include "interaction/trackers/shape_tracker.h"
+
+/// A circle under the mouse: every grip but the centre sets its radius.
+class QDR_API CQdrCircleTracker : public qdr::ShapeTracker {
+ public:
+  CQdrCircleTracker(CWnd* window, CQdrDbEntity* circle, QdrDb::TransFormOption option, bool create);
+
+  void CheckCreateOption(CQdrDbEntity* entity, CPoint& point) override;
+
+ protected:
+  void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
+  bool recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) override;
+};

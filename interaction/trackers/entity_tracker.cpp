@@ -1,0 +1,253 @@
+#include "interaction/trackers/entity_tracker.h"
+
+#include <cstddef>
+#include <utility>
+
+#include "database/database.h"
+#include "entities/display_units.h"
+#include "entities/entity.h"
+#include "interaction/command_handler.h"
+#include "interaction/display/display_table_record.h"
+#include "interaction/grid_rounding.h"
+#include "interaction/input_loop.h"
+#include "platform/device_context.h"
+#include "platform/window.h"
+
+namespace {
+
+constexpr unsigned kHitClient = 1;
+constexpr int kMoveGrip = 0;
+
+CRect gripRect(const CQdrGePoint2d& grip, const CSize& size, double scale) {
+  const CPoint center = qdr::toLogical(grip);
+  const double left = center.x - size.cx * scale / 2.0;
+  const double top = center.y - size.cy * scale / 2.0;
+  return {qdr::truncToInt(left), qdr::truncToInt(top), qdr::truncToInt(left + size.cx * scale),
+          qdr::truncToInt(top + size.cy * scale)};
+}
+
+void drawFrame(CDC& dc, const CRect& rect) {
+  dc.MoveTo(rect.left, rect.top);
+  dc.LineTo(rect.right, rect.top);
+  dc.LineTo(rect.right, rect.bottom);
+  dc.LineTo(rect.left, rect.bottom);
+  dc.LineTo(rect.left, rect.top);
+}
+
+}  // namespace
+
+CQdrDbEntityTracker::CQdrDbEntityTracker(CWnd* window) : m_window(window) {}
+
+CQdrDbEntityTracker::CQdrDbEntityTracker(CWnd* window, CQdrDbDatabase* database, bool create)
+    : m_db(database), m_window(window), m_createMode(create) {
+  SetDefault();
+}
+
+CQdrDbEntityTracker::CQdrDbEntityTracker(CWnd* window, CQdrDbEntity* entity,
+                                         QdrDb::TransFormOption option, bool create)
+    : m_db(entity ? entity->database() : nullptr),
+      m_window(window),
+      m_entity(entity),
+      m_transOpt(option),
+      m_createMode(create) {
+  SetDefault();
+}
+
+CQdrDbEntityTracker::~CQdrDbEntityTracker() {
+  if (!m_createMode && m_trackerType != eTrackMulti) takeGripsOff();
+  delete m_currentEntity;
+}
+
+void CQdrDbEntityTracker::SetDefault() {
+  if (!m_db) return;
+  m_handler = &m_db->m_commandHandler;
+  m_dc = m_db->screenDC();
+}
+
+void CQdrDbEntityTracker::showGrips() {
+  if (m_createMode || !m_entity || !m_dc) return;
+  m_entity->UnDraw(m_dc);
+  DrawGripBox(false);
+}
+
+void CQdrDbEntityTracker::takeGripsOff() {
+  if (m_gripsDrawn) UnDrawGripBox();
+}
+
+void CQdrDbEntityTracker::retire() {
+  m_dc = nullptr;
+  m_entity = nullptr;
+  m_prevEntity = nullptr;
+  m_gripPoints = nullptr;
+  m_gripsDrawn = false;
+  m_rubberShown = false;
+  m_finished = true;
+}
+
+void CQdrDbEntityTracker::DrawGripBox(bool redraw) {
+  if (!m_dc || !m_entity) return;
+  if (!m_entity->getGripPointVec(m_gripPoints) || !m_gripPoints || m_gripPoints->empty()) return;
+  if (redraw) m_entity->UnDraw(m_dc);
+  const qdr::RasterScope raster(m_dc, R2_XORPEN);
+  m_entity->HighlightDraw(m_dc);
+  m_gripsDrawn = DrawBoxis();
+}
+
+// Drawn once more by exclusive-or the marks are gone; the plain picture takes their place.
+void CQdrDbEntityTracker::UnDrawGripBox() {
+  if (!m_dc || !m_entity || !m_gripsDrawn) return;
+  {
+    const qdr::RasterScope raster(m_dc, R2_XORPEN);
+    DrawBoxis();
+    m_entity->HighlightDraw(m_dc);
+  }
+  m_gripsDrawn = false;
+  m_entity->Draw(m_dc);
+}
+
+bool CQdrDbEntityTracker::DrawBoxis() {
+  if (!m_dc || !m_entity || !m_entity->getGripPointVec(m_gripPoints) || !m_gripPoints) return false;
+  const CQdrDbDisplayTableRecord* const view =
+      m_db ? m_db->m_displayTable.getCurrentRecord() : nullptr;
+  m_gripScale = view ? view->scaleX() : 0.0;
+  CPen pen(PS_SOLID, m_rubberWidth, m_gripColor);
+  const qdr::PenScope scope(m_dc, pen);
+  for (const CQdrGePoint2d& grip : *m_gripPoints) {
+    drawFrame(*m_dc, gripRect(grip, m_gripSize, m_gripScale));
+  }
+  return !m_gripPoints->empty();
+}
+
+int CQdrDbEntityTracker::HitTest(CPoint device) {
+  if (m_createMode || !m_dc || !m_entity) return -1;
+  if (!m_entity->getGripPointVec(m_gripPoints) || !m_gripPoints) return -1;
+  CPoint point = device;
+  m_dc->DPtoLP(&point);
+  for (std::size_t i = 0; i < m_gripPoints->size(); ++i) {
+    if (gripRect((*m_gripPoints)[i], m_gripSize, m_gripScale).PtInRect(point)) {
+      return static_cast<int>(i);
+    }
+  }
+  return -1;
+}
+
+int CQdrDbEntityTracker::SetCursor(CWnd* window, unsigned hitTest) {
+  if (hitTest != kHitClient) return 0;
+  if (!window) return -1;
+  CPoint position;
+  GetCursorPos(&position);
+  window->ScreenToClient(&position);
+  const int grip = HitTest(position);
+  if (grip >= 0) ::SetCursor(LoadCursor(nullptr, grip == kMoveGrip ? IDC_SIZEALL : IDC_SIZENESW));
+  return grip;
+}
+
+void CQdrDbEntityTracker::UndrawOrigin() {
+  if (m_entity && m_dc) m_entity->UnDraw(m_dc);
+}
+
+void CQdrDbEntityTracker::DrawCurrent() {
+  drawCurrentEntity();
+}
+
+void CQdrDbEntityTracker::drawCurrentEntity() {
+  if (m_currentEntity && m_dc) m_currentEntity->Draw(m_dc);
+}
+
+void CQdrDbEntityTracker::DrawRubber() {
+  if (!m_dc) return;
+  m_dc->MoveTo(m_rubberStart);
+  m_dc->LineTo(m_rubberEnd);
+  m_rubberPrevEnd = m_rubberEnd;
+}
+
+void CQdrDbEntityTracker::eraseRubber() {
+  if (!m_rubberShown || !m_dc) return;
+  const CPoint end = std::exchange(m_rubberEnd, m_rubberPrevEnd);
+  DrawRubber();
+  m_rubberEnd = end;
+  m_rubberShown = false;
+}
+
+void CQdrDbEntityTracker::SetStartPoint(const CQdrGePoint2d& worldPoint, bool alsoEnd) {
+  m_rubberStart = qdr::toLogical(worldPoint);
+  if (!alsoEnd) return;
+  m_rubberEnd = m_rubberStart;
+  m_currentPoint = m_rubberStart;
+}
+
+void CQdrDbEntityTracker::SetPos(const CQdrGePoint2d& worldPoint) {
+  m_currentPoint = qdr::toLogical(worldPoint);
+  m_rubberEnd = m_currentPoint;
+}
+
+CQdrGePoint2d CQdrDbEntityTracker::GetPos() const {
+  return qdr::toWorld(m_currentPoint);
+}
+
+CQdrGePoint2d CQdrDbEntityTracker::startWorld() const {
+  return qdr::toWorld(m_rubberStart);
+}
+
+CQdrGePoint2d CQdrDbEntityTracker::endWorld() const {
+  return qdr::toWorld(m_rubberEnd);
+}
+
+double CQdrDbEntityTracker::dragScale() const {
+  return m_db ? dragVector().length() / m_db->m_vars.dragScaleUnit : 1.0;
+}
+
+bool CQdrDbEntityTracker::IsValidPos(const CPoint& device) const {
+  return m_validRect.IsRectEmpty() || m_validRect.PtInRect(device);
+}
+
+void CQdrDbEntityTracker::TransFormEntity(CQdrDbEntity* entity) {
+  switch (m_transOpt) {
+    case QdrDb::eTransformCopy:
+    case QdrDb::eTransformMove:
+      MoveEntity(entity);
+      break;
+    case QdrDb::eTransformRotate:
+      RotateEntity(entity);
+      break;
+    case QdrDb::eTransformMirror:
+      MirrorEntity(entity);
+      break;
+    case QdrDb::eTransformScale:
+      ScaleEntity(entity);
+      break;
+    case QdrDb::eTransformNone:
+      break;
+  }
+}
+
+void CQdrDbEntityTracker::CheckSnap() {
+  if (m_snapped || !m_db || m_db->m_vars.snapGrid == 0) return;
+  const CQdrGePoint2d rounded =
+      qdr::roundedToGrid(qdr::toWorld(m_currentPoint), m_db->m_vars.gridSpacing);
+  m_currentPoint = qdr::toLogical(rounded);
+  m_rubberEnd = m_currentPoint;
+}
+
+void CQdrDbEntityTracker::settlePoint() {
+  if (m_handler) m_handler->CheckBlipDraw(m_snapPrev);
+  eraseRubber();
+  CheckSnap();
+  if (m_db) m_db->m_lastPoint = qdr::toWorld(m_currentPoint);
+}
+
+int CQdrDbEntityTracker::Track(CWnd* window, CPoint device) {
+  return Track(window, device, HitTest(device));
+}
+
+int CQdrDbEntityTracker::Track(CWnd* window, CPoint device, int handle) {
+  if (m_db) m_db->setCurrentTracker(this);
+  const int result = TrackHandle(window, device, handle);
+  if (m_db) m_db->setCurrentTracker(nullptr);
+  if (m_entity && result != 0) m_entity->OnCurveChanged();
+  return result;
+}
+
+int CQdrDbEntityTracker::TrackMenu(CWnd* window, CPoint device) {
+  return TrackMenuHandle(window, device, HitTest(device));
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "interaction/trackers/shape_tracker.h"
+
+/// A line under the mouse: its end follows while it is made; grips 1 and 2 are start and end.
+class QDR_API CQdrLineTracker : public qdr::ShapeTracker {
+ public:
+  CQdrLineTracker(CWnd* window, CQdrDbEntity* line, QdrDb::TransFormOption option, bool create);
+
+  void CheckCreateOption(CQdrDbEntity* entity, CPoint& point) override;
+
+ protected:
+  void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
+  bool recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) override;
+};
