@@ -1,6 +1,7 @@
 #include "geometry/internal/chain_crossings.h"
 
 #include <array>
+#include <cmath>
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/box_index.h"
@@ -112,19 +113,27 @@ class HitCollector {
   std::vector<ChainHit> m_hits;
 };
 
-/// Boxes of the places that count as on a segment: its own, widened by `tol`, by the angle that
-/// arcs allow beyond their ends, and by what touching ends allow.
+/// Box of the places that count as on a segment: its own, widened by `tol`, by the angle that arcs
+/// allow beyond their ends, and by what touching ends allow.
+Box hitBox(const TravelSegment& segment, double tol) {
+  const double margin = tol + 2.0 * (kTouchTolerance + kAngleTolerance * segment.radius);
+  const double sweep = std::abs(segment.sweep());
+  const bool countsAsWhole =
+      sweep <= tol + kAngleTolerance || sweep >= kTwoPi - tol - kAngleTolerance;
+  if (!segment.isArc() || !countsAsWhole) return segment.box().inflated(margin);
+  // Against a line such an arc counts as its circle, and a near miss counts as touching.
+  return boxOfPoint(segment.center).inflated(segment.radius + margin + std::sqrt(tol));
+}
+
 std::vector<Box> hitBoxes(const CQdrGePolyline2d& chain, double tol) {
   const std::size_t count = chain.points().size();
   std::vector<Box> boxes(count);
   for (std::size_t i = 0; i < count; ++i) {
     const auto type = chain.segType(static_cast<int>(i));
     if (type != CQdrGePolyline2d::kLineSeg && type != CQdrGePolyline2d::kArcSeg) continue;
-    const TravelSegment segment =
-        makeSegment(toVec(chain.points()[i]), toVec(chain.points()[i + 1 < count ? i + 1 : 0]),
-                    chain.bulges()[i]);
-    const double margin = tol + 2.0 * (kTouchTolerance + kAngleTolerance * segment.radius);
-    boxes[i] = segment.box().inflated(margin);
+    const std::size_t next = i + 1 < count ? i + 1 : 0;
+    boxes[i] = hitBox(
+        makeSegment(toVec(chain.points()[i]), toVec(chain.points()[next]), chain.bulges()[i]), tol);
   }
   return boxes;
 }
