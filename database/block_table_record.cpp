@@ -36,7 +36,7 @@ CQdrDbBlockTableRecord::~CQdrDbBlockTableRecord() {
 }
 
 CQdrDbBlockTableRecord& CQdrDbBlockTableRecord::operator=(CQdrDbBlockTableRecord& source) {
-  if (&source == this) return *this;
+  if (&source == this || !m_database) return *this;
   initDisplayRec();
   const std::vector<CQdrDbObjectId> ids(source.m_entitySet.begin(), source.m_entitySet.end());
   for (const CQdrDbObjectId& id : ids) {
