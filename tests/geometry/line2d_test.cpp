@@ -41,6 +41,7 @@ TEST(Line2d, CrossesByMode) {
       {"collinear and oblique", lineOf(0, 0, 3, 1), lineOf(2, 2.0 / 3, 5, 5.0 / 3), kNever, {}},
       {"itself", kBase, kBase, kNever, {}},
       {"held by the other", kBase, lineOf(2, 0, 3, 0), kNever, {}},
+      {"within a millionth of each other", kBase, lineOf(2, 5e-7, 8, -5e-7), kNever, {}},
       {"parallel and far out",
        lineOf(1e6, 0, 1e6 + 1000, 333),
        lineOf(1e6, 1, 1e6 + 1000, 334),
@@ -260,6 +261,8 @@ TEST(Construction, KeepsItsDigitsFarFromTheOrigin) {
   EXPECT_TRUE(isNear(*found, center, 1e-8));
   EXPECT_FALSE(qdr::bisectorCenter({0, 0}, {1, 1}, {3, 3}));
   EXPECT_FALSE(qdr::bisectorCenter({0, 0}, {0, 0}, {3, 3}));
+  EXPECT_FALSE(qdr::bisectorCenter({0, 0}, {1, 0}, {2, 0.9e-12}));
+  EXPECT_TRUE(qdr::bisectorCenter({0, 0}, {1, 0}, {2, 1.1e-12}));
   const auto foot = qdr::footOnLine(lineOf(far, far, far + 3, far + 4), {far - 8, far + 6});
   ASSERT_TRUE(foot);
   EXPECT_TRUE(isNear(*foot, {far, far}, 1e-8));

@@ -264,7 +264,7 @@ TEST(Matrix2d, KeepsItsOwnMeasures) {
   ortho(0, 1) = -5;
   expectVerdicts({
       {"signed: a large negative product passes", ortho.isScaledOrtho(0.001), true},
-      {"m00 m01 + m01 m11", CQdrGeMatrix2d::slant(0.1, {0, 0}, {1, 0}).isScaledOrtho(0.1), false},
+      {"m00 m01 + m01 m11", CQdrGeMatrix2d::slant(0.1, {0, 0}, {1, 0}).isScaledOrtho(0.15), false},
       {"lengths play no part",
        CQdrGeMatrix2d::scaling(2, 9, CQdrGePoint2d::kOrigin).isUniScaledOrtho(0.001), true},
       {"a difference equal to the tolerance fails",
