@@ -174,7 +174,8 @@ class QDR_API CQdrGePolyline2d : public CQdrGeEntity2d {
   double distanceTo(const CQdrGePoint2d& point, double tol) const override;
   double curvatureAtParam(double param) const override;
   double curvatureAtPoint(const CQdrGePoint2d& point, double tol) const override;
-  /// The shortest of the vectors of all segments that have one.
+  /// The shortest of the vectors of all segments whose foot lies on its segment; without one, the
+  /// shortest of those with a foot on the extension of a segment.
   bool perpVecFromPoint(const CQdrGePoint2d& point, CQdrGeVector2d& result,
                         double tol) const override;
   /// Vertex count (4 bytes), closed flag (1), then 44 bytes a vertex.

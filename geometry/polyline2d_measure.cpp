@@ -275,16 +275,25 @@ double CQdrGePolyline2d::distanceTo(const CQdrGePoint2d& point, double tol) cons
 bool CQdrGePolyline2d::perpVecFromPoint(const CQdrGePoint2d& point, CQdrGeVector2d& result,
                                         double tol) const {
   bool isFound = false;
+  bool isFoundOnChain = false;
   CQdrGeLine2d line;
   CQdrGeCircArc2d arc;
   for (int i = 0; i < numVerts(); ++i) {
     CQdrGeVector2d candidate;
-    const bool hasFoot = getLineSegAt(i, line)
+    const bool isLine = getLineSegAt(i, line);
+    const bool hasFoot = isLine
                              ? line.perpVecFromPoint(point, candidate, tol)
                              : getArcSegAt(i, arc) && arc.perpVecFromPoint(point, candidate, tol);
-    if (!hasFoot || (isFound && candidate.length() >= result.length())) continue;
+    if (!hasFoot) continue;
+    const CQdrGePoint2d foot = point - candidate;
+    const bool isOnChain = (isLine ? line.isOn(foot, kCoincidentTolerance)
+                                   : arc.isOn(foot, kCoincidentTolerance)) != 0;
+    const bool isBetter =
+        isOnChain != isFoundOnChain ? isOnChain : candidate.length() < result.length();
+    if (isFound && !isBetter) continue;
     result = candidate;
     isFound = true;
+    isFoundOnChain = isOnChain;
   }
   return isFound;
 }
