@@ -9,9 +9,6 @@
 
 namespace {
 
-// First and last control point nearer than this make a closed curve.
-constexpr double kClosedTolerance = 0.02;
-
 // A control point stores its coordinates, its tag and its option.
 constexpr std::size_t kStoredBytes = 21;
 
@@ -133,7 +130,8 @@ void CQdrGeCSpline2d::clearRealControl() {
 
 bool CQdrGeCSpline2d::closed() const {
   if (isClosed()) return true;
-  return m_points.size() > 1 && m_points.front().distanceTo(m_points.back()) < kClosedTolerance;
+  return m_points.size() > 1 &&
+         m_points.front().distanceTo(m_points.back()) < qdr::kSplineJoinTolerance;
 }
 
 void CQdrGeCSpline2d::setClosed(bool closed) {

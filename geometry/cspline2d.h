@@ -164,6 +164,7 @@ class QDR_API CQdrGeCSpline2d : public CQdrGeEntity2d {
 
  private:
   const CQdrGePolyline2d& polyline() const;
+  CQdrGePolyline2d outline() const;
   bool sample() const;
   void sampleStretch(const std::vector<CQdrGePoint2d>& points, bool isRing,
                      std::size_t firstPoint) const;

@@ -2,19 +2,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/cspline2d.h"
+#include "geometry/internal/chain_side.h"
 #include "geometry/internal/cspline_tangents.h"
 #include "geometry/line2d.h"
 #include "geometry/spline_curve.h"
 
 namespace {
-
-// Ends of two splines nearer than this are joined.
-constexpr double kSplineJoinTolerance = 0.02;
 
 // 15 degrees: the step of the control points of an appended arc.
 constexpr double kArcStep = 0.2617993877991494;
@@ -145,7 +142,7 @@ bool CQdrGeCSpline2d::join(std::vector<CQdrGePoint2d> points, std::vector<unsign
                            int& where) {
   if (m_points.empty() || points.size() < 2 || closed()) return false;
   const auto meets = [](const CQdrGePoint2d& a, const CQdrGePoint2d& b) {
-    return a.distanceTo(b) < kSplineJoinTolerance;
+    return a.distanceTo(b) < qdr::kSplineJoinTolerance;
   };
   if (meets(points.front(), m_points.back())) {
     where = 1;
@@ -172,9 +169,10 @@ bool CQdrGeCSpline2d::join(std::vector<CQdrGePoint2d> points, std::vector<unsign
 }
 
 bool CQdrGeCSpline2d::offset(const CQdrGePoint2d& side, double dist) {
-  CQdrGePolyline2d moved = polyline();
-  if (isClosed()) moved.setClosed(true);
-  if (!moved.offset(side, dist)) return false;
+  const double left = qdr::isLeftOfChain(outline(), side) ? 1.0 : -1.0;
+  CQdrGePolyline2d moved;
+  if (!getOffsetPolyline(moved, left * dist)) return false;
+
   std::vector<CQdrGePoint2d> points;
   std::vector<unsigned char> options;
   for (std::size_t i = 0; i < m_points.size(); ++i) {
@@ -189,16 +187,16 @@ bool CQdrGeCSpline2d::offset(const CQdrGePoint2d& side, double dist) {
 }
 
 bool CQdrGeCSpline2d::getOffsetPolyline(CQdrGePolyline2d& result, double dist) const {
-  CQdrGePolyline2d moved = polyline();
-  if (isClosed()) moved.setClosed(true);
-  for (int i = 0; i + 1 < moved.numVerts(); ++i) {
-    CQdrGeLine2d segment;
-    if (!moved.getLineSegAt(i, segment)) continue;
-    const double left = dist < 0.0 ? -qdr::kJoinTolerance : qdr::kJoinTolerance;
-    const CQdrGePoint2d side = segment.midPoint() + segment.direction().perpVector() * left;
-    if (!moved.offset(side, std::abs(dist))) return false;
-    result = moved;
-    return true;
-  }
-  return false;
+  CQdrGePolyline2d moved = outline();
+  const int segment = qdr::firstStraightSegment(moved);
+  if (segment < 0) return false;
+  if (!moved.offset(qdr::placeBeside(moved, segment, dist >= 0.0), std::abs(dist))) return false;
+  result = moved;
+  return true;
+}
+
+CQdrGePolyline2d CQdrGeCSpline2d::outline() const {
+  CQdrGePolyline2d result = polyline();
+  if (isClosed()) result.setClosed(true);
+  return result;
 }

@@ -10,9 +10,6 @@
 
 namespace {
 
-// Ends of chains within this are joined.
-constexpr double kChainTolerance = 0.001;
-
 constexpr std::size_t kPointBytes = 24;
 
 }  // namespace
@@ -111,7 +108,7 @@ bool CQdrGePolyline3d::appendPolyline(const CQdrGePolyline3d& other, int& where)
   if (m_points.empty() || other.m_points.empty() || m_closed || other.m_closed) return false;
   std::vector<CQdrGePoint3d> added = other.m_points;
   const auto meets = [](const CQdrGePoint3d& a, const CQdrGePoint3d& b) {
-    return a.isEqualTo(b, kChainTolerance);
+    return a.isEqualTo(b, qdr::kChain3dTolerance);
   };
   if (meets(added.front(), m_points.back())) {
     where = 1;

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/ellip_arc2d.h"
+#include "geometry/internal/chain_side.h"
 #include "geometry/internal/raw_fields.h"
 #include "geometry/line2d.h"
 
@@ -225,20 +227,26 @@ bool CQdrGeRect2d::perpVecFromPoint(const CQdrGePoint2d& point, CQdrGeVector2d& 
 }
 
 bool CQdrGeRect2d::offset(const CQdrGePoint2d& side, double dist) {
+  const CQdrGeVector2d axis(m_rotation);
+  const auto alongAxes = [&](const CQdrGePoint2d& p) -> CQdrGeVector2d {
+    return {(p - m_basePoint).dotProduct(axis), (p - m_basePoint).dotProduct(axis.perpVector())};
+  };
   CQdrGePolyline2d moved = boundary();
-  if (!moved.offset(side, dist) || moved.numVerts() < 4) return false;
+  const int segment = qdr::firstStraightSegment(moved);
+  if (segment < 0) return false;
+  const CQdrGeVector2d at = alongAxes(side);
+  const bool isInside = at.x * (m_width - at.x) >= 0.0 && at.y * (m_height - at.y) >= 0.0;
+  const bool isLeft = isInside == (m_width * m_height > 0.0);
+  if (!moved.offset(qdr::placeBeside(moved, segment, isLeft), dist)) return false;
 
   // The polyline may begin at another corner; along the axes its bounds are the rectangle.
-  const CQdrGeVector2d axis(m_rotation);
-  CQdrGeVector2d least(0.0, 0.0);
-  CQdrGeVector2d most(m_width, m_height);
-  for (bool isFirst = true; const CQdrGePoint2d& corner : moved.points()) {
-    const CQdrGeVector2d v = corner - m_basePoint;
-    const CQdrGeVector2d along(v.dotProduct(axis), v.dotProduct(axis.perpVector()));
-    least =
-        isFirst ? along : CQdrGeVector2d(std::min(least.x, along.x), std::min(least.y, along.y));
-    most = isFirst ? along : CQdrGeVector2d(std::max(most.x, along.x), std::max(most.y, along.y));
-    isFirst = false;
+  const CQdrGeVector2d first = alongAxes(moved.points().front());
+  CQdrGeVector2d least = first;
+  CQdrGeVector2d most = first;
+  for (const CQdrGePoint2d& corner : moved.points()) {
+    const CQdrGeVector2d v = alongAxes(corner);
+    least = {std::min(least.x, v.x), std::min(least.y, v.y)};
+    most = {std::max(most.x, v.x), std::max(most.y, v.y)};
   }
   if (m_width < 0.0) std::swap(least.x, most.x);
   if (m_height < 0.0) std::swap(least.y, most.y);

@@ -101,8 +101,8 @@ class QDR_API CQdrGeRect2d : public CQdrGeEntity2d {
   bool perpVecFromPoint(const CQdrGePoint2d& point, CQdrGeVector2d& result,
                         double tol) const override;
 
-  /// Grows or shrinks by `dist` on every side, as the polyline offsets toward `side`. False, with
-  /// nothing changed, when the rectangle would vanish.
+  /// Shrinks by `dist` on every side when `side` lies inside, else grows. False, with nothing
+  /// changed, when the rectangle would vanish.
   bool offset(const CQdrGePoint2d& side, double dist);
 
   /// As the polyline's forms.

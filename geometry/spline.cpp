@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geometry/internal/chain_side.h"
 #include "geometry/internal/raw_fields.h"
 #include "geometry/line2d.h"
 
 namespace {
-
-// A turn of at most this angle at a corner stays a straight vertex.
-constexpr double kStraightTurn = 0.001;
 
 constexpr std::size_t kPointBytes = 20;
 
@@ -35,7 +33,7 @@ RoundedCorner roundedCorner(const CQdrGePoint2d& before, const CQdrGePoint2d& co
   const double reach = fitParam * std::min(inLength, outLength);
   RoundedCorner result{corner - in * (reach / inLength), corner + out * (reach / outLength)};
   const double turn = std::atan2(cross, in.dotProduct(out));
-  if (std::abs(turn) > kStraightTurn) result.bulge = std::tan(turn / 4.0);
+  if (std::abs(turn) > qdr::kAngleTolerance) result.bulge = std::tan(turn / 4.0);
   return result;
 }
 
@@ -169,19 +167,13 @@ bool CQdrGeSpline::closed() const {
 }
 
 bool CQdrGeSpline::offset(const CQdrGePoint2d& side, double dist) {
-  const int direction = polyline().getoffsetDirection(side, dist);
   CQdrGePolyline2d polygon(m_points);
-  for (int i = 0; i + 1 < polygon.numVerts(); ++i) {
-    CQdrGeLine2d segment;
-    if (!polygon.getLineSegAt(i, segment)) continue;
-    // A place beside the middle of a control side stands for the side of the curve.
-    const CQdrGeVector2d left =
-        segment.direction().perpVector() * (direction * qdr::kJoinTolerance);
-    if (!polygon.offset(segment.midPoint() + left, dist) || polygon.numVerts() < 2) return false;
-    set(polygon.points());
-    return true;
-  }
-  return false;
+  const int segment = qdr::firstStraightSegment(polygon);
+  if (segment < 0) return false;
+  const bool left = qdr::isLeftOfChain(polyline(), side);
+  if (!polygon.offset(qdr::placeBeside(polygon, segment, left), dist)) return false;
+  set(polygon.points());
+  return true;
 }
 
 bool CQdrGeSpline::operator==(const CQdrGeSpline& other) const {

@@ -90,6 +90,12 @@ inline constexpr double kTouchHeight = 1e-7;
 /// Distance of two centres, as a ratio to the radius, up to which circles do not meet.
 inline constexpr double kSameCenter = 1e-12;
 
+/// Ends of cubic splines nearer than this are joined, and make one closed.
+inline constexpr double kSplineJoinTolerance = 0.02;
+
+/// Ends of 3D chains within this are joined.
+inline constexpr double kChain3dTolerance = 0.001;
+
 /// Ends of an ellipse nearer than this make it a whole one.
 inline constexpr double kEllipseEndTolerance = 1e-07;
 

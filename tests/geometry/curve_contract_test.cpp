@@ -4,7 +4,12 @@
 #include "curve_contract.h"
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
+#include "geometry/cspline2d.h"
+#include "geometry/ellip_arc2d.h"
 #include "geometry/line2d.h"
+#include "geometry/rect2d.h"
+#include "geometry/spiral.h"
+#include "geometry/spline.h"
 #include "geometry_support.h"
 
 // The standing suite of all curves: a class joins by rows here.
@@ -15,8 +20,22 @@ const Unkept kNeverEqual = {Law::kEqual, "arcs are never equal through the base"
 const Unkept kNotNearest = {Law::kClosestToLine, "it goes by the way from the center"};
 const Unkept kFixedRadius = {Law::kScalingTransform, "transformBy keeps the radius"};
 
+// The ellipse measures on arcs, and those go by the way from the center; its transformBy moves the
+// axes like points.
+const Unkept kMovedAxes = {Law::kRigidTransform, "transformBy moves the axes with the translation"};
+
 // A whole circle keeps its angles whatever turns it: the same circle, begun at another point.
 const char* const kSameAngles = "a whole circle keeps its angles";
+
+CQdrGeEllipArc2d ellipse(double start, double end) {
+  return {{1, 2}, CQdrGeVector2d(0.3), CQdrGeVector2d(0.3 + qdr::kHalfPi), 6, 4, start, end};
+}
+
+CQdrGeCSpline2d cubicSpline(const std::vector<CQdrGePoint2d>& points) {
+  CQdrGeCSpline2d spline(points);
+  spline.setResolution(0.05);
+  return spline;
+}
 
 std::vector<CurveCase> curveCases() {
   return {
@@ -37,6 +56,19 @@ std::vector<CurveCase> curveCases() {
       {"arc across +x",
        owned(CQdrGeCircArc2d({-2, 1}, 7, 5.5, 1.2)),
        {kNeverEqual, kNotNearest, kFixedRadius}},
+      {"ellipse", owned(ellipse(0, qdr::kTwoPi)), {kNotNearest, kFixedRadius, kMovedAxes}, 1e-6},
+      {"elliptic arc",
+       owned(ellipse(0.4, 2.2)),
+       {kNotNearest,
+        kFixedRadius,
+        kMovedAxes,
+        {Law::kMirror, "the stretch to the end keeps the bulge of the arc before it"}},
+       1e-6},
+      {"spline", owned(CQdrGeSpline({{0, 0}, {6, 0}, {6, 5}, {12, 7}})), {kNotNearest}},
+      // A turned or scaled curve is sampled at other places.
+      {"cubic spline", owned(cubicSpline({{0, 0}, {6, 1}, {6, 5}, {12, 7}})), {}, 1e-3},
+      {"spiral", owned(CQdrGeSpiral(24, {1, 2}, 8, 2, 3, 0.5)), {}},
+      {"rectangle", owned(CQdrGeRect2d({1, 2}, 7, 4, 0.3)), {}},
   };
 }
 
