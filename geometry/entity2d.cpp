@@ -34,14 +34,9 @@ constexpr CurveClass rowOf() {
 }
 
 constexpr CurveClass kCurveClasses[] = {
-    rowOf<CQdrGeCircArc2d>(),
-    rowOf<CQdrGeEllipArc2d>(),
-    rowOf<CQdrGeLine2d>(),
-    rowOf<CQdrGePolyline2d>(),
-    rowOf<CQdrGeSpline>(),
-    rowOf<CQdrGeCSpline2d>(),
-    rowOf<CQdrGeRect2d>(),
-    rowOf<CQdrGeSpiral>(),
+    rowOf<CQdrGeCircArc2d>(),  rowOf<CQdrGeEllipArc2d>(), rowOf<CQdrGeLine2d>(),
+    rowOf<CQdrGePolyline2d>(), rowOf<CQdrGeSpline>(),     rowOf<CQdrGeCSpline2d>(),
+    rowOf<CQdrGeRect2d>(),     rowOf<CQdrGeSpiral>(),
 };
 
 const CurveClass* classOf(QdrGe::EntityId id) {
