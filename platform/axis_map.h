@@ -42,26 +42,21 @@ class QDR_API AxisMap {
   };
 
   // The product in doubles decides unless it lies so near a half that its rounding error, below
-  // 2e-6 for products under 2^32, could turn the decision.
+  // 2e-6 for products under 2^32, could turn the decision. Adding and taking away 1.5 * 2^52
+  // rounds to the nearest integer.
   static LONG scaled(std::int64_t distance, const Scale& scale, LONG origin) {
+    constexpr double kRounder = 6755399441055744.0;
+    constexpr double kSure = 0.5 - 1.0 / 65536;
     const double exact = static_cast<double>(distance) * scale.ratio;
     if (!(std::fabs(exact) < 4294967296.0)) return scaledExactly(distance, scale, origin);
-    const double shifted = exact + (exact < 0 ? -0.5 : 0.5);
-    const auto rounded = static_cast<std::int64_t>(shifted);
-    const double excess = std::fabs(shifted - static_cast<double>(rounded));
-    if (excess < kDoubt || excess > 1.0 - kDoubt) return scaledExactly(distance, scale, origin);
-    return clamped(rounded + origin);
+    const double rounded = (exact + kRounder) - kRounder;
+    const std::int64_t result = static_cast<std::int64_t>(rounded) + origin;
+    if (std::fabs(exact - rounded) < kSure && result == static_cast<LONG>(result))
+      return static_cast<LONG>(result);
+    return scaledExactly(distance, scale, origin);
   }
 
   static LONG scaledExactly(std::int64_t distance, const Scale& scale, LONG origin);
-
-  static LONG clamped(std::int64_t value) {
-    if (value > INT32_MAX) return INT32_MAX;
-    if (value < INT32_MIN) return INT32_MIN;
-    return static_cast<LONG>(value);
-  }
-
-  static constexpr double kDoubt = 1.0 / 65536;
 
   LONG m_windowOrigin = 0;
   LONG m_viewportOrigin = 0;

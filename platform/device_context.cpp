@@ -144,7 +144,8 @@ CRect CDC::toDeviceRect(const RECT& rect) const {
 }
 
 void CDC::mappingChanged() {
-  m_devicePosition = toDevice(m_position);
+  m_deviceX = m_mapX.toDevice(m_positionX);
+  m_deviceY = m_mapY.toDevice(m_positionY);
   m_penStale = true;
 }
 
@@ -310,6 +311,7 @@ void CDC::resolvePen() {
   stroke.unitsPerPixelY = 1 / std::fabs(m_mapY.scale());
   resolvePattern(pen, stroke);
   m_penStale = false;
+  m_pen.acceptChange();
 }
 
 void CDC::resolveBrush() {
@@ -317,14 +319,10 @@ void CDC::resolveBrush() {
   m_state.fill.style = brush.lbStyle;
   m_state.fill.color = brush.lbColor;
   m_state.fill.hatch = static_cast<int>(brush.lbHatch);
-}
-
-const qdr::DeviceState& CDC::strokeState() {
-  if (m_pen.takeChange() || m_penStale) resolvePen();
-  return m_state;
+  m_brush.acceptChange();
 }
 
 const qdr::DeviceState& CDC::paintState() {
-  if (m_brush.takeChange()) resolveBrush();
+  if (m_brush.isChanged()) resolveBrush();
   return strokeState();
 }

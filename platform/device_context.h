@@ -67,7 +67,7 @@ class QDR_API CDC {
   // Lines and shapes.
   CPoint MoveTo(int x, int y);
   CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
-  CPoint GetCurrentPosition() const { return m_position; }
+  CPoint GetCurrentPosition() const { return {m_positionX, m_positionY}; }
   /// Draws from the current position without the last pixel, and moves there.
   bool LineTo(int x, int y);
   bool LineTo(POINT point) { return LineTo(point.x, point.y); }
@@ -148,7 +148,10 @@ class QDR_API CDC {
   CRect toDeviceRect(const RECT& rect) const;
   void drawTextAt(CPoint reference, std::wstring_view text, double advance);
   void mappingChanged();
-  const qdr::DeviceState& strokeState();
+  const qdr::DeviceState& strokeState() {
+    if (m_penStale || m_pen.isChanged()) resolvePen();
+    return m_state;
+  }
   const qdr::DeviceState& paintState();
   void resolvePen();
   void resolveBrush();
@@ -157,8 +160,12 @@ class QDR_API CDC {
   std::unique_ptr<qdr::SoftwareRaster> m_memory;
   qdr::AxisMap m_mapX;
   qdr::AxisMap m_mapY;
-  CPoint m_position;
-  CPoint m_devicePosition;
+  // The position, logical and in device coordinates. Its halves stand apart: reading a point as
+  // one word right after its halves were written waits for every pixel on its way to memory.
+  LONG m_positionX = 0;
+  LONG m_deviceX = 0;
+  LONG m_positionY = 0;
+  LONG m_deviceY = 0;
   int m_mapMode = MM_TEXT;
   qdr::SelectionSlot m_pen;
   qdr::SelectionSlot m_brush;

@@ -7,17 +7,25 @@
 #include "platform/device_context.h"
 
 CPoint CDC::MoveTo(int x, int y) {
-  const CPoint old = m_position;
-  m_position = {x, y};
-  m_devicePosition = toDevice(m_position);
+  const CPoint old = GetCurrentPosition();
+  m_positionX = x;
+  m_positionY = y;
+  m_deviceX = m_mapX.toDevice(x);
+  m_deviceY = m_mapY.toDevice(y);
   return old;
 }
 
 bool CDC::LineTo(int x, int y) {
-  const CPoint from = m_devicePosition;
-  MoveTo(x, y);
+  const LONG fromX = m_deviceX;
+  const LONG fromY = m_deviceY;
+  m_positionX = x;
+  m_positionY = y;
+  const LONG toX = m_mapX.toDevice(x);
+  const LONG toY = m_mapY.toDevice(y);
+  m_deviceX = toX;
+  m_deviceY = toY;
   if (!m_surface) return false;
-  m_surface->drawLine(strokeState(), from, m_devicePosition);
+  m_surface->drawLine(strokeState(), fromX, fromY, toX, toY);
   return true;
 }
 
@@ -94,7 +102,7 @@ bool CDC::AngleArc(int x, int y, int radius, float startAngle, float sweepAngle)
                            .startAngle = start,
                            .sweepAngle = std::clamp(sweep, -kFullTurn, kFullTurn),
                            .unitsPerRadian = std::abs(static_cast<double>(radius))};
-  const CPoint lead = m_devicePosition;
+  const CPoint lead(m_deviceX, m_deviceY);
   MoveTo(qdr::truncToInt(std::round(x + radius * std::cos(start + sweep))),
          qdr::truncToInt(std::round(y + radius * std::sin(start + sweep))));
   if (!m_surface) return false;

@@ -86,7 +86,7 @@ bool CDC::TextOut(int x, int y, const wchar_t* text, int count) {
   const double advance = qdr::fontEngine().advance(font, view);
   CPoint reference(x, y);
   if (m_textAlign & TA_UPDATECP) {
-    reference = m_position;
+    reference = GetCurrentPosition();
     const double angle = font.lfEscapement / 10.0 * std::numbers::pi / 180;
     MoveTo(TextFrame::rounded(reference.x + advance * std::cos(angle)),
            TextFrame::rounded(reference.y - advance * std::sin(angle)));

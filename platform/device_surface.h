@@ -27,8 +27,8 @@ struct DeviceStroke {
   COLORREF color = 0;
   double width = 1;  ///< pixels, at least 1; 1 is the thin line of exactly one pixel
   int style = PS_SOLID;
-  int logicalWidth = 1;
   DashPattern dashes;
+  int logicalWidth = 1;
   double unitsPerPixelX = 1;
   double unitsPerPixelY = 1;
 };
@@ -106,7 +106,7 @@ class QDR_API IDeviceSurface {
   virtual bool isPrinting() const { return false; }
 
   /// A line without its last pixel.
-  virtual void drawLine(const DeviceState& state, CPoint from, CPoint to) = 0;
+  virtual void drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) = 0;
 
   /// Connected lines without the very last pixel; dashes run on over the points.
   virtual void drawPolyline(const DeviceState& state, const CPoint* points, std::size_t count) = 0;

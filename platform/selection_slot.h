@@ -25,12 +25,9 @@ class SelectionSlot {
     return previous;
   }
 
-  /// True once after each change of object or content.
-  bool takeChange() {
-    const bool changed = m_changed;
-    m_changed = false;
-    return changed;
-  }
+  /// True after a change of object or content until it is accepted.
+  bool isChanged() const { return m_changed; }
+  void acceptChange() { m_changed = false; }
 
  private:
   friend class ::CGdiObject;

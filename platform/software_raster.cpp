@@ -20,6 +20,8 @@ namespace {
 constexpr int kPixelsPerInch = 96;
 constexpr double kMillimetresPerInch = 25.4;
 constexpr int kColorBits = 24;
+// The box of no pixel: joining any box to it gives that box.
+const CRect kNothing(INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN);
 constexpr double kFullTurn = 2 * std::numbers::pi;
 
 int millimetres(int pixels) {
@@ -32,10 +34,6 @@ bool hasPen(const DeviceState& state) {
 
 bool hasBrush(const DeviceState& state) {
   return state.fill.style != BS_HOLLOW;
-}
-
-bool isThin(const DeviceStroke& stroke) {
-  return pixelWidth(stroke) <= 1;
 }
 
 PixelOp penOp(const DeviceState& state) {
@@ -56,6 +54,17 @@ struct Border {
         radiusY((static_cast<double>(rect.bottom) - rect.top - 1) / 2) {}
 };
 
+// The pixels between two, both included; at the end of 32 bits the last one is given up.
+CRect boxOf(int x1, int y1, int x2, int y2) {
+  const auto beyond = [](int last) { return last == INT32_MAX ? last : last + 1; };
+  CRect box;
+  box.left = std::min(x1, x2);
+  box.top = std::min(y1, y2);
+  box.right = beyond(std::max(x1, x2));
+  box.bottom = beyond(std::max(y1, y2));
+  return box;
+}
+
 void fillRows(const CRect& rect, SpanPainter& painter) {
   const std::int64_t first = std::max(rect.top, painter.clip().top);
   const std::int64_t end = std::min(rect.bottom, painter.clip().bottom);
@@ -65,20 +74,34 @@ void fillRows(const CRect& rect, SpanPainter& painter) {
 
 }  // namespace
 
+inline void SoftwareRaster::touch(const CRect& clip, const CRect& box) {
+  const LONG left = std::max(box.left, clip.left);
+  const LONG top = std::max(box.top, clip.top);
+  const LONG right = std::min(box.right, clip.right);
+  const LONG bottom = std::min(box.bottom, clip.bottom);
+  if (left >= right || top >= bottom) return;
+  m_dirty.left = std::min(m_dirty.left, left);
+  m_dirty.top = std::min(m_dirty.top, top);
+  m_dirty.right = std::max(m_dirty.right, right);
+  m_dirty.bottom = std::max(m_dirty.bottom, bottom);
+}
+
 SoftwareRaster::SoftwareRaster(std::shared_ptr<PixelBuffer> pixels)
-    : m_pixels(std::move(pixels)), m_mask(std::make_unique<CoverageMask>()) {}
+    : m_pixels(std::move(pixels)), m_mask(std::make_unique<CoverageMask>()), m_dirty(kNothing) {}
 
 SoftwareRaster::~SoftwareRaster() = default;
 
 void SoftwareRaster::setPixels(std::shared_ptr<PixelBuffer> pixels) {
   m_pixels = std::move(pixels);
-  m_dirty = CRect();
+  m_stateClip = CRect();
+  m_clip = CRect();
+  m_dirty = kNothing;
 }
 
 CRect SoftwareRaster::takeDirty() {
   const CRect dirty = m_dirty;
-  m_dirty = CRect();
-  return dirty;
+  m_dirty = kNothing;
+  return dirty.left < dirty.right && dirty.top < dirty.bottom ? dirty : CRect();
 }
 
 CSize SoftwareRaster::size() const {
@@ -101,25 +124,15 @@ int SoftwareRaster::deviceCaps(int index) const {
   }
 }
 
-CRect SoftwareRaster::clipOf(const DeviceState& state) const {
-  return {std::max(state.clip.left, 0), std::max(state.clip.top, 0),
-          std::min(state.clip.right, m_pixels->width()),
-          std::min(state.clip.bottom, m_pixels->height())};
-}
-
-void SoftwareRaster::touch(const CRect& clip, double left, double top, double right,
-                           double bottom) {
-  const CRect box(truncToInt(std::max<double>(left, clip.left)),
-                  truncToInt(std::max<double>(top, clip.top)),
-                  truncToInt(std::min<double>(right, clip.right)),
-                  truncToInt(std::min<double>(bottom, clip.bottom)));
-  if (box.IsRectEmpty()) return;
-  if (m_dirty.IsRectEmpty()) {
-    m_dirty = box;
-    return;
+const CRect& SoftwareRaster::clipOf(const DeviceState& state) {
+  if (m_stateClip.left != state.clip.left || m_stateClip.top != state.clip.top ||
+      m_stateClip.right != state.clip.right || m_stateClip.bottom != state.clip.bottom) {
+    m_stateClip = state.clip;
+    m_clip = {std::max(state.clip.left, 0), std::max(state.clip.top, 0),
+              std::min(state.clip.right, m_pixels->width()),
+              std::min(state.clip.bottom, m_pixels->height())};
   }
-  m_dirty = {std::min(m_dirty.left, box.left), std::min(m_dirty.top, box.top),
-             std::max(m_dirty.right, box.right), std::max(m_dirty.bottom, box.bottom)};
+  return m_clip;
 }
 
 void SoftwareRaster::touch(const DeviceState& state, const CPoint* points, std::size_t count) {
@@ -131,7 +144,8 @@ void SoftwareRaster::touch(const DeviceState& state, const CPoint* points, std::
   }
   // A mitre reaches ten half widths from its vertex.
   const double reach = isThin(state.stroke) ? 0 : 5 * pixelWidth(state.stroke) + 1;
-  touch(clipOf(state), low.x - reach, low.y - reach, high.x + reach + 1, high.y + reach + 1);
+  touch(clipOf(state), {truncToInt(low.x - reach), truncToInt(low.y - reach),
+                        truncToInt(high.x + reach + 1), truncToInt(high.y + reach + 1)});
 }
 
 RasterCall SoftwareRaster::beginCall(const DeviceState& state, bool mayRepeat) {
@@ -149,7 +163,7 @@ RasterCall SoftwareRaster::beginCall(const DeviceState& state, bool mayRepeat) {
 template <class Stroke, class Fill>
 void SoftwareRaster::paintShape(const DeviceState& state, const Stroke& stroke, const Fill& fill) {
   const RasterCall call = beginCall(state, hasPen(state));
-  if (call.clip.IsRectEmpty()) return;
+  if (call.isHidden()) return;
   if (call.mask && hasPen(state)) stroke(call);
   if (hasBrush(state)) {
     SpanPainter painter(*m_pixels, call.clip, pixelOp(state.rop2, state.fill.color), call.mask);
@@ -176,11 +190,16 @@ void SoftwareRaster::strokeOutline(const RasterCall& call, const DeviceState& st
                  {.points = wide.data(), .count = count, .closed = closed});
 }
 
-void SoftwareRaster::drawLine(const DeviceState& state, CPoint from, CPoint to) {
+void SoftwareRaster::drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) {
   if (!hasPen(state)) return;
-  const CPoint points[] = {from, to};
+  if (isThin(state.stroke) && state.stroke.dashes.isSolid()) {
+    const CRect& clip = clipOf(state);
+    touch(clip, boxOf(x1, y1, x2, y2));
+    return strokeThinLine({*m_pixels, clip}, penOp(state), x1, y1, x2, y2);
+  }
   const RasterCall call = beginCall(state, !isThin(state.stroke));
-  if (call.clip.IsRectEmpty()) return;
+  if (call.isHidden()) return;
+  const CPoint points[] = {{x1, y1}, {x2, y2}};
   touch(state, points, 2);
   strokeOutline(call, state, points, 2, false);
 }
@@ -189,7 +208,7 @@ void SoftwareRaster::drawPolyline(const DeviceState& state, const CPoint* points
                                   std::size_t count) {
   if (!hasPen(state) || count < 2) return;
   const RasterCall call = beginCall(state, count > 2 || !isThin(state.stroke));
-  if (call.clip.IsRectEmpty()) return;
+  if (call.isHidden()) return;
   touch(state, points, count);
   strokeOutline(call, state, points, count, false);
 }
@@ -258,12 +277,12 @@ void SoftwareRaster::drawArc(const DeviceState& state, CPoint lead, const Device
   const CPoint start = devicePointOfArc(arc, arc.startAngle);
   const bool hasLead = !(lead == start);
   const RasterCall call = beginCall(state, true);
-  if (call.clip.IsRectEmpty()) return;
+  if (call.isHidden()) return;
   const double reach = 2 * pixelWidth(state.stroke);
   const double width = std::fabs(arc.radiusX) + reach;
   const double height = std::fabs(arc.radiusY) + reach;
-  touch(call.clip, arc.centerX - width, arc.centerY - height, arc.centerX + width,
-        arc.centerY + height);
+  touch(call.clip, {truncToInt(arc.centerX - width), truncToInt(arc.centerY - height),
+                    truncToInt(arc.centerX + width + 1), truncToInt(arc.centerY + height + 1)});
   double phase = 0;
   if (hasLead) {
     const CPoint line[] = {lead, start};
@@ -334,17 +353,17 @@ void SoftwareRaster::strokeArc(const RasterCall& call, const DeviceState& state,
 }
 
 void SoftwareRaster::fillRect(const DeviceState& state, const CRect& rect, COLORREF color) {
-  const CRect clip = clipOf(state);
+  const CRect& clip = clipOf(state);
   if (clip.IsRectEmpty()) return;
   SpanPainter painter(*m_pixels, clip, pixelOp(R2_COPYPEN, color), nullptr);
-  touch(clip, rect.left, rect.top, rect.right, rect.bottom);
+  touch(clip, rect);
   fillRows(rect, painter);
 }
 
 void SoftwareRaster::setPixel(const DeviceState& state, CPoint point, COLORREF color) {
-  const CRect clip = clipOf(state);
+  const CRect& clip = clipOf(state);
   if (!clip.PtInRect(point)) return;
-  touch(clip, point.x, point.y, point.x + 1.0, point.y + 1.0);
+  touch(clip, boxOf(point.x, point.y, point.x, point.y));
   m_pixels->row(point.y)[point.x] = pixelOf(color);
 }
 
@@ -354,9 +373,9 @@ COLORREF SoftwareRaster::getPixel(CPoint point) const {
 }
 
 bool SoftwareRaster::drawImage(const DeviceState& state, const ImageTransfer& transfer) {
-  const CRect clip = clipOf(state);
+  const CRect& clip = clipOf(state);
   if (clip.IsRectEmpty()) return true;
-  touch(clip, transfer.to.left, transfer.to.top, transfer.to.right, transfer.to.bottom);
+  touch(clip, transfer.to);
   return copyImage(*m_pixels, clip, transfer);
 }
 

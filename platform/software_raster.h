@@ -27,7 +27,7 @@ class QDR_API SoftwareRaster : public IDeviceSurface {
 
   CSize size() const override;
   int deviceCaps(int index) const override;
-  void drawLine(const DeviceState& state, CPoint from, CPoint to) override;
+  void drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) override;
   void drawPolyline(const DeviceState& state, const CPoint* points, std::size_t count) override;
   void drawPolygons(const DeviceState& state, const DeviceContours& contours) override;
   void drawRectangle(const DeviceState& state, const CRect& rect) override;
@@ -40,9 +40,9 @@ class QDR_API SoftwareRaster : public IDeviceSurface {
   const PixelBuffer* pixels() const override { return m_pixels.get(); }
 
  private:
-  CRect clipOf(const DeviceState& state) const;
+  const CRect& clipOf(const DeviceState& state);
   void touch(const DeviceState& state, const CPoint* points, std::size_t count);
-  void touch(const CRect& clip, double left, double top, double right, double bottom);
+  void touch(const CRect& clip, const CRect& box);
   RasterCall beginCall(const DeviceState& state, bool mayRepeat);
   void strokeOutline(const RasterCall& call, const DeviceState& state, const CPoint* points,
                      std::size_t count, bool closed);
@@ -54,6 +54,8 @@ class QDR_API SoftwareRaster : public IDeviceSurface {
 
   std::shared_ptr<PixelBuffer> m_pixels;
   std::unique_ptr<CoverageMask> m_mask;
+  CRect m_stateClip;  // the clip of the last call, and what of it lies on the pixels
+  CRect m_clip;
   CRect m_dirty;
 };
 

@@ -13,15 +13,21 @@ namespace qdr {
 /// touch any twice.
 struct RasterCall {
   PixelBuffer& pixels;
-  CRect clip;
+  const CRect& clip;
   CoverageMask* mask = nullptr;
+
+  bool isHidden() const { return clip.left >= clip.right || clip.top >= clip.bottom; }
 };
+
+/// A pen of one pixel, whose lines are exact steps.
+inline bool isThin(const DeviceStroke& stroke) {
+  return !(stroke.width >= 1.5);
+}
 
 /// Pen widths in whole pixels, held where every sum of coordinates stays exact.
 inline double pixelWidth(const DeviceStroke& stroke) {
   constexpr double kWidest = 4294967296.0;
-  const double width = std::round(stroke.width);
-  return width > 1 ? std::min(width, kWidest) : 1;
+  return isThin(stroke) ? 1 : std::min(std::round(stroke.width), kWidest);
 }
 
 }  // namespace qdr

@@ -23,19 +23,6 @@ StepRange overlap(StepRange a, StepRange b) {
 
 }  // namespace
 
-ThinLine::ThinLine(CPoint from, CPoint to) : m_from(from) {
-  const std::int64_t dx = std::int64_t{to.x} - from.x;
-  const std::int64_t dy = std::int64_t{to.y} - from.y;
-  const std::int64_t width = dx < 0 ? -dx : dx;
-  const std::int64_t height = dy < 0 ? -dy : dy;
-  m_steep = height > width;
-  m_length = m_steep ? height : width;
-  m_rise = m_steep ? width : height;
-  m_alongSign = (m_steep ? dy : dx) < 0 ? -1 : 1;
-  m_acrossSign = (m_steep ? dx : dy) < 0 ? -1 : 1;
-  m_bias = m_acrossSign > 0 ? -1 : 0;
-}
-
 // The pixel across at step i is floor((2 i rise + length + bias) / (2 length)); the steps at which
 // it lies within [low, high) follow by solving for i.
 template <class Wide>
@@ -77,11 +64,10 @@ StepRange ThinLine::inside(const CRect& clip, std::int64_t end) const {
 }
 
 ThinLine::Walk ThinLine::walkFrom(std::int64_t step, int stride) const {
-  Walk walk;
+  Walk walk = walkFromStart(stride);
+  if (step == 0 || m_length == 0) return walk;
   std::int64_t across = 0;
-  if (step == 0 || m_length == 0) {
-    walk.error = m_bias - m_length;
-  } else if (m_length < kShort) {
+  if (m_length < kShort) {
     const std::int64_t total = 2 * step * m_rise + m_length + m_bias;
     across = total / (2 * m_length);
     walk.error = total - across * 2 * m_length - 2 * m_length;
@@ -93,10 +79,6 @@ ThinLine::Walk ThinLine::walkFrom(std::int64_t step, int stride) const {
   const std::int64_t x = m_from.x + (m_steep ? across * m_acrossSign : step * m_alongSign);
   const std::int64_t y = m_from.y + (m_steep ? step * m_alongSign : across * m_acrossSign);
   walk.offset = y * stride + x;
-  walk.along = m_steep ? std::ptrdiff_t{m_alongSign} * stride : m_alongSign;
-  walk.across = m_steep ? m_acrossSign : std::ptrdiff_t{m_acrossSign} * stride;
-  walk.gain = 2 * m_rise;
-  walk.loss = 2 * m_length;
   return walk;
 }
 

@@ -23,7 +23,18 @@ struct StepRange {
 /// "Algorithm for computer control of a digital plotter", 1965).
 class ThinLine {
  public:
-  ThinLine(CPoint from, CPoint to);
+  ThinLine(CPoint from, CPoint to) : m_from(from) {
+    const std::int64_t dx = std::int64_t{to.x} - from.x;
+    const std::int64_t dy = std::int64_t{to.y} - from.y;
+    const std::int64_t width = dx < 0 ? -dx : dx;
+    const std::int64_t height = dy < 0 ? -dy : dy;
+    m_steep = height > width;
+    m_length = m_steep ? height : width;
+    m_rise = m_steep ? width : height;
+    m_alongSign = (m_steep ? dy : dx) < 0 ? -1 : 1;
+    m_acrossSign = (m_steep ? dx : dy) < 0 ? -1 : 1;
+    m_bias = m_acrossSign > 0 ? -1 : 0;
+  }
 
   /// Steps from start to end; step `length()` is the end pixel itself.
   std::int64_t length() const { return m_length; }
@@ -41,7 +52,17 @@ class ThinLine {
     std::int64_t loss = 0;
   };
 
-  /// The walk from `step`, which must lie inside a buffer of that stride.
+  /// The walk from the start, or from `step`; both must lie inside a buffer of that stride.
+  Walk walkFromStart(int stride) const {
+    Walk walk;
+    walk.offset = std::ptrdiff_t{m_from.y} * stride + m_from.x;
+    walk.along = m_steep ? std::ptrdiff_t{m_alongSign} * stride : m_alongSign;
+    walk.across = m_steep ? m_acrossSign : std::ptrdiff_t{m_acrossSign} * stride;
+    walk.error = m_bias - m_length;
+    walk.gain = 2 * m_rise;
+    walk.loss = 2 * m_length;
+    return walk;
+  }
   Walk walkFrom(std::int64_t step, int stride) const;
 
  private:
@@ -57,17 +78,23 @@ class ThinLine {
   std::int64_t m_bias = 0;  // -1 where a tie stays, 0 where it moves across
 };
 
-/// Paints `count` pixels of a walk and leaves it behind the last. `Paint` takes an offset.
+/// Paints `count` pixels of a walk and leaves it behind the last. `Paint` takes an offset. Both
+/// outcomes of a step are computed and one is chosen, so the direction of a line costs no jump.
 template <class Paint>
-inline void paintSteps(ThinLine::Walk& walk, std::int64_t count, const Paint& paint) {
+[[gnu::always_inline]] inline void paintSteps(ThinLine::Walk& walk, std::int64_t count,
+                                              const Paint& paint) {
+  const std::int64_t gain = walk.gain;
+  const std::int64_t gainAcross = walk.gain - walk.loss;
+  const std::ptrdiff_t along = walk.along;
+  const std::ptrdiff_t alongAcross = walk.along + walk.across;
   std::ptrdiff_t offset = walk.offset;
   std::int64_t error = walk.error;
   for (; count > 0; --count) {
     paint(offset);
-    error += walk.gain;
-    const std::int64_t due = ~(error >> 63);  // all ones when a step across is due
-    offset += walk.along + (walk.across & due);
-    error -= walk.loss & due;
+    const std::int64_t straight = error + gain;
+    const std::int64_t turned = error + gainAcross;
+    offset += straight >= 0 ? alongAcross : along;
+    error = straight >= 0 ? turned : straight;
   }
   walk.offset = offset;
   walk.error = error;

@@ -46,17 +46,19 @@ template <class Paint>
 class ThinStroker {
  public:
   ThinStroker(const RasterCall& call, PixelOp op, const Paint& paint)
-      : m_clip(call.clip),
-        m_stride(call.pixels.stride()),
-        m_spans(call.pixels, call.clip, op, call.mask),
-        m_paint(paint) {}
+      : m_call(call), m_clip(call.clip), m_stride(call.pixels.stride()), m_op(op), m_paint(paint) {}
 
   void solid(CPoint a, CPoint b, bool withEnd) {
+    const ThinLine line(a, b);
+    const std::int64_t end = line.length() + (withEnd ? 1 : 0);
+    if (isWithin(a, m_clip) && isWithin(b, m_clip)) {
+      if (a.y == b.y) return level(a, b, withEnd);
+      ThinLine::Walk walk = line.walkFromStart(m_stride);
+      return paintSteps(walk, end, m_paint);
+    }
     if (boxMisses(a, b, m_clip)) return;
     if (a.y == b.y) return level(a, b, withEnd);
-    const ThinLine line(a, b);
-    StepRange range{0, line.length() + (withEnd ? 1 : 0)};
-    if (!isWithin(a, m_clip) || !isWithin(b, m_clip)) range = line.inside(m_clip, range.last);
+    const StepRange range = line.inside(m_clip, end);
     if (range.isEmpty()) return;
     ThinLine::Walk walk = line.walkFrom(range.first, m_stride);
     paintSteps(walk, range.last - range.first, m_paint);
@@ -81,7 +83,7 @@ class ThinStroker {
     std::int64_t first = std::min(a.x, b.x);
     std::int64_t last = std::max(a.x, b.x);
     if (!withEnd) (a.x <= b.x ? last : first) += a.x <= b.x ? -1 : 1;
-    m_spans.span(first, last, a.y);
+    SpanPainter(m_call.pixels, m_clip, m_op, m_call.mask).span(first, last, a.y);
   }
 
   void dashedRange(const ThinLine& line, StepRange range, double unitsPerStep, DashCursor cursor) {
@@ -110,9 +112,10 @@ class ThinStroker {
     }
   }
 
-  CRect m_clip;
+  const RasterCall& m_call;
+  const CRect& m_clip;
   int m_stride;
-  SpanPainter m_spans;
+  PixelOp m_op;
   Paint m_paint;
 };
 
@@ -165,6 +168,23 @@ void strokeThinPath(const RasterCall& call, const DeviceStroke& stroke, PixelOp 
   } else {
     strokeWith(call, stroke, op, path, CombinePaint{base, op});
   }
+}
+
+void strokeThinLine(const RasterCall& call, PixelOp op, int x1, int y1, int x2, int y2) {
+  const CPoint from(x1, y1);
+  const CPoint to(x2, y2);
+  Pixel* base = call.pixels.row(0);
+  const CopyPaint copy{base, op.flip};
+  const CombinePaint combine{base, op};
+  if (y1 != y2 && isWithin(from, call.clip) && isWithin(to, call.clip)) {
+    // The common case, kept in registers from end to end.
+    const ThinLine line(from, to);
+    ThinLine::Walk walk = line.walkFromStart(call.pixels.stride());
+    if (op.overwrites()) return paintSteps(walk, line.length(), copy);
+    return paintSteps(walk, line.length(), combine);
+  }
+  if (op.overwrites()) return ThinStroker(call, op, copy).solid(from, to, false);
+  ThinStroker(call, op, combine).solid(from, to, false);
 }
 
 }  // namespace qdr

@@ -22,4 +22,7 @@ struct ThinPath {
 void strokeThinPath(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
                     const ThinPath& path);
 
+/// The solid line without its last pixel, by itself: what a drawing consists of.
+void strokeThinLine(const RasterCall& call, PixelOp op, int x1, int y1, int x2, int y2);
+
 }  // namespace qdr

@@ -189,10 +189,9 @@ class WideDasher {
 
  private:
   void segment(StrokePoint a, StrokePoint b) {
-    const double units = m_unitsPerSegment > 0
-                             ? m_unitsPerSegment
-                             : std::hypot((b.x - a.x) * m_stroke.unitsPerPixelX,
-                                          (b.y - a.y) * m_stroke.unitsPerPixelY);
+    const double units = m_unitsPerSegment > 0 ? m_unitsPerSegment
+                                               : std::hypot((b.x - a.x) * m_stroke.unitsPerPixelX,
+                                                            (b.y - a.y) * m_stroke.unitsPerPixelY);
     if (!(units > 0)) return;
     double first = 0;
     double last = 1;
