@@ -11,6 +11,7 @@
 #include "geometry/spiral.h"
 #include "geometry/spline.h"
 #include "geometry_support.h"
+#include "polyline_support.h"
 
 // The standing suite of all curves: a class joins by rows here.
 
@@ -18,6 +19,7 @@ namespace {
 
 const Unkept kNeverEqual = {Law::kEqual, "arcs are never equal through the base"};
 const Unkept kNotNearest = {Law::kClosestToLine, "it goes by the way from the center"};
+const Unkept kArcsNotNearest = {Law::kClosestToLine, "its arcs go by the way from the center"};
 const Unkept kFixedRadius = {Law::kScalingTransform, "transformBy keeps the radius"};
 
 // The ellipse measures on arcs, and those go by the way from the center; its transformBy moves the
@@ -69,6 +71,12 @@ std::vector<CurveCase> curveCases() {
       {"cubic spline", owned(cubicSpline({{0, 0}, {6, 1}, {6, 5}, {12, 7}})), {}, 1e-3},
       {"spiral", owned(CQdrGeSpiral(24, {1, 2}, 8, 2, 3, 0.5)), {}},
       {"rectangle", owned(CQdrGeRect2d({1, 2}, 7, 4, 0.3)), {}},
+      {"polyline with arcs both ways",
+       owned(chainOf({{0, 0}, {6, 0, 0.6}, {8, 5, -0.4}, {2, 9}, {1, 4}})),
+       {kArcsNotNearest, {Law::kProportion, "chords cut the corners"}}},
+      {"closed polyline",
+       owned(chainOf({{-3, 1, 0.3}, {4, 2}, {5, 7, -0.8}}, true)),
+       {kArcsNotNearest}},
   };
 }
 
