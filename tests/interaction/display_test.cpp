@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "interaction/display/buff_dc.h"
-#include "platform/headless/recording_surface.h"
 #include "tests/support/desk.h"
 #include "tests/support/entity_text.h"
 
@@ -12,10 +10,26 @@ namespace {
 using qdr::test::addFromText;
 using qdr::test::Desk;
 
+const qdr::Pixel kGridPixel = qdr::pixelOf(0x646464);
+const qdr::Pixel kAxisPixel = qdr::pixelOf(0x0000b4);
+
 class Display : public testing::Test {
  protected:
   CDC* dc() { return desk.drawing->m_pDC; }
   QdrDbDrawingVars_tag& vars() { return desk.drawing->m_vars; }
+
+  // Columns, or rows, of the view in which a colour covers at least a quarter of the pixels.
+  std::vector<int> dotted(qdr::Pixel color, bool columns) const {
+    const std::vector<qdr::Pixel> all = desk.pixels();
+    std::vector<int> found;
+    for (int i = 0; i < (columns ? 200 : 100); ++i) {
+      int count = 0;
+      for (int j = 0; j < (columns ? 100 : 200); ++j)
+        count += all[static_cast<std::size_t>(columns ? j * 200 + i : i * 200 + j)] == color;
+      if (count >= (columns ? 25 : 50)) found.push_back(i);
+    }
+    return found;
+  }
 
   Desk desk;
   CQdrDbDisplayTableRecord& view = desk.record();
@@ -127,30 +141,29 @@ TEST_F(Display, ExtentsHoldTheirCornerAndTheGrips) {
 }
 
 TEST_F(Display, GridLinesStandAtMultiplesAndAxesAlways) {
-  qdr::RecordingSurface record;
-  CDC paper(&record);
-  view.MakeUpDisplayWindow(&paper);
-  view.DrawGrid(&paper);
-  EXPECT_TRUE(record.lines().empty());
   vars().gridVisible = 1;
-  vars().gridSpacing = 25.0;
-  vars().gridDivisions = 2;  // a line every 50 units
-  view.DrawGrid(&paper);
-  // x 0, 50, 100, 150 and y 0, 50, then the two axes, which the window touches.
-  EXPECT_EQ(record.lines().size(), 8u);
-  record.clear();
-  vars().gridDivisions = 0;
-  view.DrawGrid(&paper);
-  EXPECT_EQ(record.lines().size(), 2u);
-  record.clear();
-  vars().gridDivisions = 1;
-  vars().gridSpacing = 0.009;  // below a logical unit
-  view.DrawGrid(&paper);
-  EXPECT_EQ(record.lines().size(), 2u);
-  record.clear();
-  vars().gridSpacing = -5.0;
-  view.DrawGrid(&paper);
-  EXPECT_EQ(record.lines().size(), 2u);
+  struct Row {
+    const char* name;
+    double spacing;
+    std::uint8_t divisions;
+    std::vector<int> columns;  // of grid lines; x = 0 is the axis, drawn over its grid line
+    std::vector<int> rows;
+  };
+  const Row rows[] = {
+      // World y = 50 is row 50; y = 0 is row 100, just below the view.
+      {"every second spacing", 25.0, 2, {50, 100, 150}, {50}},
+      {"no divisions", 25.0, 0, {}, {}},
+      {"a step below a logical unit", 0.009, 1, {}, {}},
+      {"a negative spacing", -5.0, 1, {}, {}},
+  };
+  for (const Row& row : rows) {
+    vars().gridSpacing = row.spacing;
+    vars().gridDivisions = row.divisions;
+    desk.paint();
+    EXPECT_EQ(dotted(kGridPixel, true), row.columns) << row.name;
+    EXPECT_EQ(dotted(kGridPixel, false), row.rows) << row.name;
+    EXPECT_EQ(dotted(kAxisPixel, true), std::vector<int>{0}) << row.name;
+  }
 }
 
 TEST_F(Display, OnePointFormOfTheCoordinates) {
