@@ -3,6 +3,13 @@
 #include "database/database.h"
 #include "platform/window.h"
 
+void CQdrDbDatabase::Draw() {
+  CQdrDbDisplayTableRecord* display = m_displayTable.getCurrentRecord();
+  CView* view = nullptr;
+  CDC* dc = nullptr;
+  if (display && display->getView(view, dc) && dc) display->Draw(dc);
+}
+
 void CQdrDbDatabase::invalidateView() {
   const CQdrDbDisplayTableRecord* display = m_displayTable.getCurrentRecord();
   if (display && display->getView()) display->getView()->InvalidateRect(nullptr, true);

@@ -275,13 +275,15 @@ TEST_F(Database, OnlySpacesMakeTheirNewDisplayCurrent) {
   }
 }
 
-TEST_F(Database, EmptyBlocksMakeNoIterator) {
+TEST_F(Database, EmptyBlocksMakeNoIteratorAndNeedNoView) {
   auto* const untouched = reinterpret_cast<CQdrDbEntSetIterator*>(this);
   CQdrDbEntSetIterator* iterator = untouched;
   EXPECT_FALSE(modelSpace()->newIterator(iterator, true));
   EXPECT_EQ(iterator, untouched);
   modelSpace()->OnCurveChanged(nullptr, 1);
   m_database.DrawEntities(QdrDb::eClassHatch);
+  m_database.Draw();
+  m_database.invalidateView();
 }
 
 TEST_F(Database, BlocksCopyTheirEntities) {
