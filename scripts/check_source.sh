@@ -7,4 +7,5 @@ cd "$(dirname "$0")/.."
 mapfile -t sources < <(git ls-files '*.h' '*.cpp')
 clang-format --dry-run --Werror "${sources[@]}"
 python3 scripts/check_includes.py
+python3 scripts/make_umbrella.py --check
 scripts/check_headers.sh
