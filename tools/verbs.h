@@ -1,0 +1,26 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+namespace qdr_tools {
+
+/// What the program answers to whoever started it.
+enum ExitCode : int {
+  kSound = 0,
+  kDamaged = 1,
+  kUsage = 2,
+  kFileTrouble = 3,
+};
+
+/// Adds a verb. When the program runs it, its answer is in `exitCode`, which outlives `app`.
+void addInfo(CLI::App& app, int& exitCode);
+void addCheck(CLI::App& app, int& exitCode);
+
+/// One line to standard error: the file and the reason.
+void reportTrouble(const std::string& path, const std::string& reason);
+
+/// The bytes of a file; false when it cannot be read, and then the reason is told.
+bool loadFile(const std::string& path, std::string& bytes);
+
+}  // namespace qdr_tools
