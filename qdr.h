@@ -45,6 +45,8 @@
 #include "platform/wnd.h"
 
 #include "geometry/angle.h"
+#include "geometry/box.h"
+#include "geometry/box_index.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/construction.h"
 #include "geometry/cspline2d.h"
@@ -66,6 +68,7 @@
 #include "geometry/spline.h"
 #include "geometry/spline_curve.h"
 #include "geometry/tolerance.h"
+#include "geometry/vec.h"
 #include "geometry/vector2d.h"
 #include "geometry/vector3d.h"
 #include "geometry/xy.h"

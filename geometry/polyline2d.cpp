@@ -7,9 +7,9 @@
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/bulge.h"
 #include "geometry/internal/travel_segment.h"
-#include "geometry/internal/vec.h"
 #include "geometry/line2d.h"
 #include "geometry/tolerance.h"
+#include "geometry/vec.h"
 #include "platform/file.h"
 
 using namespace qdr;

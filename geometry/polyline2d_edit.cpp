@@ -5,10 +5,10 @@
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/bulge.h"
-#include "geometry/internal/vec.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 #include "geometry/tolerance.h"
+#include "geometry/vec.h"
 
 using namespace qdr;
 

@@ -11,10 +11,10 @@
 #include "geometry/internal/chain_join.h"
 #include "geometry/internal/offset_slices.h"
 #include "geometry/internal/raw_offset.h"
-#include "geometry/internal/vec.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 #include "geometry/tolerance.h"
+#include "geometry/vec.h"
 
 using namespace qdr;
 

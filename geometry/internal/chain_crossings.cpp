@@ -3,8 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include "geometry/box_index.h"
 #include "geometry/circ_arc2d.h"
-#include "geometry/internal/box_index.h"
 #include "geometry/internal/travel_segment.h"
 #include "geometry/line2d.h"
 #include "geometry/tolerance.h"

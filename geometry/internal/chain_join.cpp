@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <deque>
 
-#include "geometry/internal/box_index.h"
+#include "geometry/box_index.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {

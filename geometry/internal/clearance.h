@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "geometry/internal/box_index.h"
+#include "geometry/box_index.h"
 #include "geometry/internal/travel_segment.h"
 
 namespace qdr {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/internal/box_index.h"
+#include "geometry/box_index.h"
 #include "geometry/internal/bulge.h"
 #include "geometry/internal/clearance.h"
 #include "geometry/internal/curve_intersection.h"

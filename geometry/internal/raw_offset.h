@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "geometry/internal/vec.h"
+#include "geometry/vec.h"
 
 namespace qdr {
 

@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
-#include "geometry/internal/box.h"
+#include "geometry/box.h"
 #include "geometry/internal/bulge.h"
-#include "geometry/internal/vec.h"
+#include "geometry/vec.h"
 
 namespace qdr {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "geometry/internal/vec.h"
+#include "geometry/vec.h"
 
 namespace qdr {
 

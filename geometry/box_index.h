@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "geometry/internal/box.h"
+#include "geometry/box.h"
 #include "platform/export.h"
 
 namespace qdr {

@@ -1,4 +1,4 @@
-#include "geometry/internal/box_index.h"
+#include "geometry/box_index.h"
 
 #include <array>
 #include <cmath>
