@@ -112,7 +112,7 @@ bool CQdrDbEntity::getGripPointVec(std::vector<CQdrGePoint2d>*& grips) {
 }
 
 bool CQdrDbEntity::OnErased() {
-  if (m_dbEntity && m_database) m_database->m_commandHandler.forgetEntities({this});
+  if (m_dbEntity && m_database) m_database->m_commandHandler.DeleteTracker(this);
   return true;
 }
 

@@ -159,6 +159,8 @@ class QDR_API CQdrCommandHandler {
   /// Drops all grips. True takes them off the screen; false leaves the marks for the next redraw.
   void ClearTracker(bool deleteThem);
   void RemoveTracker(CQdrDbEntityTracker* tracker);
+  /// Drops the grips of an entity, if it has any, and takes them off the screen.
+  void DeleteTracker(CQdrDbEntity* entity);
   /// Lets go of entities that are about to be deleted.
   void forgetEntities(const qdr::EntitySet& gone);
 
@@ -182,7 +184,6 @@ class QDR_API CQdrCommandHandler {
   void setQuitting() { m_quitting = true; }
 
  protected:
-  void DeleteTracker(CQdrDbEntity* entity);
   CString getInputValue();
 
  private:
