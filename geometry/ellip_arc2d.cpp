@@ -67,7 +67,8 @@ CQdrGeEllipArc2d::CQdrGeEllipArc2d(const CQdrGeEllipArc2d& other)
       m_startAng(other.m_startAng),
       m_endAng(other.m_endAng),
       m_isClockWise(other.m_isClockWise),
-      m_polyline(other.m_polyline) {}
+      m_polyline(other.m_polyline),
+      m_chainSteps(other.m_chainSteps) {}
 
 CQdrGeEllipArc2d& CQdrGeEllipArc2d::operator=(const CQdrGeEllipArc2d& other) {
   m_center = other.m_center;
@@ -79,6 +80,7 @@ CQdrGeEllipArc2d& CQdrGeEllipArc2d::operator=(const CQdrGeEllipArc2d& other) {
   m_endAng = other.m_endAng;
   m_isClockWise = other.m_isClockWise;
   m_polyline = other.m_polyline;
+  m_chainSteps = other.m_chainSteps;
   return *this;
 }
 
@@ -145,9 +147,12 @@ void CQdrGeEllipArc2d::rebuild() {
 }
 
 bool CQdrGeEllipArc2d::getGePolyline(CQdrGePolyline2d& result) const {
-  CQdrGeEllipArc2d fitted(*this);
-  fitted.rebuild();
-  result = fitted.m_polyline;
+  result = m_polyline;
+  if (m_chainSteps != kChainSteps) {
+    CQdrGeEllipArc2d fitted(*this);
+    fitted.rebuild();
+    result = fitted.m_polyline;
+  }
   return result.numVerts() > 0;
 }
 

@@ -197,4 +197,5 @@ class QDR_API CQdrGeEllipArc2d : public CQdrGeEntity2d {
   double m_endAng;
   std::uint8_t m_isClockWise = 0;
   CQdrGePolyline2d m_polyline;
+  int m_chainSteps = 0;
 };

@@ -129,6 +129,7 @@ bool CQdrGeEllipArc2d::setGePolyline(int steps) {
   const EllipsePoints points(m_center, m_majorAxis.angle(), m_majorRadius, m_minorRadius);
   const Sweep sweep = eccentricSweep(m_startAng, m_endAng);
   const double step = qdr::kTwoPi / steps;
+  m_chainSteps = steps;
   // Two turns at the most, whatever the angles: an arc takes two steps.
   int arcsLeft = steps < 1 ? 0 : stepLimit(sweep.to - sweep.from, steps, steps + 2.0);
   m_polyline.setSize(arcsLeft / 2 + 1);

@@ -83,6 +83,13 @@ TEST(EllipArc2d, WholeChainHasFiftyArcsOnTheEllipse) {
   EXPECT_TRUE(isNear(e.pointAtParam(0.25), pointOf(e, qdr::kHalfPi), 1e-3));
   EXPECT_EQ(e.isInsidePoint({3, -2}), true);
   EXPECT_EQ(e.isInsidePoint({9, -2}), false);
+
+  CQdrGeEllipArc2d coarse(e);
+  CQdrGePolyline2d fitted;
+  EXPECT_TRUE(coarse.setGePolyline(8));
+  EXPECT_EQ(coarse.polyline().numVerts(), 5);
+  EXPECT_TRUE(coarse.getGePolyline(fitted));  // always of 100 steps
+  EXPECT_TRUE(fitted == chain);
 }
 
 // The last full pair of steps gives its bulge to whatever is left up to the end.
