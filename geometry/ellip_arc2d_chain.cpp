@@ -155,9 +155,8 @@ bool CQdrGeEllipArc2d::setGePolyline(int steps) {
 
 void CQdrGeEllipArc2d::getGrVertexArray(std::vector<CPoint>& points, int n, double scale) const {
   points.clear();
-  if (n < 1) return;
   const EllipsePoints outline(m_center, m_majorAxis.angle(), m_majorRadius, m_minorRadius);
-  const int steps = std::min(n, static_cast<int>(kMaxScreenPoints));
+  const int steps = std::clamp(n, 1, static_cast<int>(kMaxScreenPoints));
   const double step = qdr::kTwoPi / steps;
   points.reserve(static_cast<std::size_t>(steps) + 1);
   for (int i = 0; i <= steps; ++i)
