@@ -159,8 +159,8 @@ class QDR_API CQdrGeEllipArc2d : public CQdrGeEntity2d {
                      std::vector<CQdrGePoint2d>& points, Intersect mode, double tol) const;
 
   /// The whole ellipse whatever its angles: n + 1 points at even eccentric steps, each times
-  /// `scale` and truncated. `points` is cleared first; empty for n below 1. At most a million
-  /// steps.
+  /// `scale` and truncated. `points` is cleared first. At least one step is taken, at most a
+  /// million.
   void getGrVertexArray(std::vector<CPoint>& points, int n, double scale) const;
 
   /// The arc, with the lengths of the axis vectors in the place of the radii: a step of a full turn
