@@ -75,7 +75,8 @@ qdr::DrawnBox pointDrawnBox(CQdrDbEntity& entity) {
   return box;
 }
 
-// One row per class; what is left out of a row is null or false.
+// One row per class; what is left out of a row is null or false. A class joins the system here, and
+// its tests by a row in the contract of all entities.
 constexpr EntityClass kClasses[] = {
     {.type = QdrDb::eClassArc,
      .status = kPlain,
@@ -120,7 +121,11 @@ constexpr EntityClass kClasses[] = {
      .extendable = true},
     {.type = QdrDb::eClassSpiral, .status = kCompound, .bodyBytes = 100, .explodable = true},
     {.type = QdrDb::eClassCobweb, .status = kPlain, .bodyBytes = 83, .explodable = true},
-    {.type = QdrDb::eClassBlockInsert, .status = kCompound, .bodyBytes = 253, .explodable = true},
+    {.type = QdrDb::eClassBlockInsert,
+     .status = kCompound,
+     .bodyBytes = 253,
+     .undo = qdr::undoNothing,
+     .explodable = true},
     {.type = QdrDb::eClassHatch, .status = kPlain, .bodyBytes = 141},
     {.type = QdrDb::eClassPoint,
      .status = kPlain,
@@ -147,7 +152,7 @@ constexpr EntityClass kClasses[] = {
     {.type = QdrDb::eClassRadialDimension, .status = kDimension, .bodyBytes = 651},
     {.type = QdrDb::eClassVerticalDimension, .status = kDimension, .bodyBytes = 1274},
     {.type = QdrDb::eClassBox, .status = kPlain, .bodyBytes = 83},
-    {.type = QdrDb::eClassSymbol, .status = kCompound, .bodyBytes = 306},
+    {.type = QdrDb::eClassSymbol, .status = kCompound, .bodyBytes = 306, .undo = qdr::undoNothing},
     {.type = QdrDb::eClassTextTable, .status = kHidden, .bodyBytes = 205},
 };
 

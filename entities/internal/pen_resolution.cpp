@@ -39,7 +39,7 @@ COLORREF keptVisible(COLORREF color, COLORREF background) {
 const CQdrDbLTypeTableRecord* resolveLineType(const CQdrDbEntity& entity,
                                               const CQdrDbLayerTableRecord& layer) {
   const auto* own = static_cast<CQdrDbLTypeTableRecord*>(entity.LineTypeId().getPObject());
-  if (!own || CString(own->getName()).CompareNoCase(L"ByLayer") != 0) return own;
+  if (!own || qdr::compareNoCase(own->getName(), L"ByLayer") != 0) return own;
   return static_cast<CQdrDbLTypeTableRecord*>(layer.getLinetypeId().getPObject());
 }
 

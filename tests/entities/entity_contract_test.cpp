@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <ostream>
 
 #include "database/entity_classes.h"
 #include "database/undo/undo_operations.h"
@@ -40,6 +41,10 @@ struct EntityRow {
   bool drawsOnItself = true;  ///< what it draws lies on it; not so for markers
   bool recordsUndo = true;
 };
+
+void PrintTo(const EntityRow& row, std::ostream* out) {
+  *out << row.text;
+}
 
 const EntityRow kRows[] = {
     {.text = "line -3 1 5 7",
