@@ -12,7 +12,6 @@
 #include "database/entity_access.h"
 #include "database/entity_classes.h"
 #include "database/file/field_stream.h"
-#include "interaction/display/display_table_record.h"
 
 namespace {
 

@@ -7,7 +7,6 @@
 #include "database/color_index.h"
 #include "database/database.h"
 #include "database/entity_access.h"
-#include "interaction/display/display_table_record.h"
 #include "platform/device_context.h"
 #include "platform/frame.h"
 #include "platform/gdi_objects.h"
