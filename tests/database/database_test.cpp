@@ -275,6 +275,16 @@ TEST_F(Database, OnlySpacesMakeTheirNewDisplayCurrent) {
   }
 }
 
+TEST_F(Database, BlocksFollowAReplacedDisplay) {
+  CountedRect* rect = addRect();
+  auto* display = new CQdrDbDisplayTableRecord(&m_database);
+  display->setName(static_cast<const wchar_t*>(L"MODEL_SPACE"));
+  EXPECT_TRUE(m_database.m_displayTable.add(display));
+  EXPECT_EQ(modelSpace()->getDisplayRecord(), display);
+  EXPECT_EQ(m_database.m_displayTable.getCurrentRecord(), display);
+  EXPECT_EQ(places(rect), 6) << "what was shown is shown";
+}
+
 TEST_F(Database, EmptyBlocksMakeNoIteratorAndNeedNoView) {
   auto* const untouched = reinterpret_cast<CQdrDbEntSetIterator*>(this);
   CQdrDbEntSetIterator* iterator = untouched;
