@@ -3,7 +3,7 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/arc_points.h"
+#include "platform/internal/arc_points.h"
 #include "platform/device_context.h"
 
 CPoint CDC::MoveTo(int x, int y) {

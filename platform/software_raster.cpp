@@ -5,13 +5,13 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/arc_points.h"
-#include "platform/raster/ellipse_rows.h"
-#include "platform/raster/image_copy.h"
-#include "platform/raster/polygon_fill.h"
-#include "platform/raster/raster_call.h"
-#include "platform/raster/thin_stroke.h"
-#include "platform/raster/wide_stroke.h"
+#include "platform/internal/arc_points.h"
+#include "platform/internal/ellipse_rows.h"
+#include "platform/internal/image_copy.h"
+#include "platform/internal/polygon_fill.h"
+#include "platform/internal/raster_call.h"
+#include "platform/internal/thin_stroke.h"
+#include "platform/internal/wide_stroke.h"
 
 namespace qdr {
 

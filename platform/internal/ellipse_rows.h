@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "platform/device_surface.h"
-#include "platform/raster/span_painter.h"
+#include "platform/internal/span_painter.h"
 
 namespace qdr {
 

@@ -1,4 +1,4 @@
-#include "platform/raster/thin_line.h"
+#include "platform/internal/thin_line.h"
 
 #include <algorithm>
 

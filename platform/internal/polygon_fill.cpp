@@ -1,4 +1,4 @@
-#include "platform/raster/polygon_fill.h"
+#include "platform/internal/polygon_fill.h"
 
 #include <algorithm>
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/raster/raster_call.h"
+#include "platform/internal/raster_call.h"
 
 namespace qdr {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/raster/raster_call.h"
+#include "platform/internal/raster_call.h"
 
 namespace qdr {
 

@@ -1,4 +1,4 @@
-#include "platform/raster/ellipse_rows.h"
+#include "platform/internal/ellipse_rows.h"
 
 #include <algorithm>
 #include <numbers>

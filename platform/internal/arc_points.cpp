@@ -1,4 +1,4 @@
-#include "platform/arc_points.h"
+#include "platform/internal/arc_points.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/device_surface.h"
-#include "platform/raster/span_painter.h"
+#include "platform/internal/span_painter.h"
 
 namespace qdr {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "platform/device_surface.h"
-#include "platform/raster/coverage_mask.h"
-#include "platform/raster/pixel_op.h"
+#include "platform/internal/coverage_mask.h"
+#include "platform/internal/pixel_op.h"
 
 namespace qdr {
 

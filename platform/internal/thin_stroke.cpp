@@ -1,11 +1,11 @@
-#include "platform/raster/thin_stroke.h"
+#include "platform/internal/thin_stroke.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/raster/dash_cursor.h"
-#include "platform/raster/span_painter.h"
-#include "platform/raster/thin_line.h"
+#include "platform/internal/dash_cursor.h"
+#include "platform/internal/span_painter.h"
+#include "platform/internal/thin_line.h"
 
 namespace qdr {
 

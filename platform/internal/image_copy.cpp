@@ -1,4 +1,4 @@
-#include "platform/raster/image_copy.h"
+#include "platform/internal/image_copy.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,11 +1,12 @@
-#include "platform/raster/wide_stroke.h"
+#include "platform/internal/wide_stroke.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/raster/dash_cursor.h"
-#include "platform/raster/ellipse_rows.h"
-#include "platform/raster/span_painter.h"
+#include "platform/internal/dash_cursor.h"
+#include "platform/internal/ellipse_rows.h"
+#include "platform/internal/span_painter.h"
+#include "platform/internal/visible_part.h"
 
 namespace qdr {
 
@@ -143,30 +144,6 @@ class WideStroker {
   double m_half;
 };
 
-// The part of a segment from a to b that lies in the box, as fractions of its way (after Liang and
-// Barsky, "A new concept and method for line clipping", 1984). False when none does.
-bool visiblePart(StrokePoint a, StrokePoint b, const Vector& low, const Vector& high, double& first,
-                 double& last) {
-  first = 0;
-  last = 1;
-  const double start[] = {a.x, a.y};
-  const double way[] = {b.x - a.x, b.y - a.y};
-  const double lows[] = {low.x, low.y};
-  const double highs[] = {high.x, high.y};
-  for (int axis = 0; axis < 2; ++axis) {
-    if (way[axis] == 0) {
-      if (start[axis] < lows[axis] || start[axis] > highs[axis]) return false;
-      continue;
-    }
-    double enter = (lows[axis] - start[axis]) / way[axis];
-    double leave = (highs[axis] - start[axis]) / way[axis];
-    if (enter > leave) std::swap(enter, leave);
-    first = std::max(first, enter);
-    last = std::min(last, leave);
-  }
-  return first <= last;
-}
-
 // Cuts a path into the dashes that can be seen, each a stroke that may run over vertices.
 class WideDasher {
  public:
@@ -174,8 +151,8 @@ class WideDasher {
       : m_stroker(stroker),
         m_stroke(stroke),
         m_cursor(stroke.dashes),
-        m_low{clip.left - 2 * width, clip.top - 2 * width},
-        m_high{clip.right + 2 * width, clip.bottom + 2 * width} {}
+        m_reach{clip.left - 2 * width, clip.top - 2 * width, clip.right + 2 * width,
+                clip.bottom + 2 * width} {}
 
   void path(const std::vector<StrokePoint>& points, const WidePath& walk) {
     m_cursor.advance(walk.phase);
@@ -193,9 +170,8 @@ class WideDasher {
                                                : std::hypot((b.x - a.x) * m_stroke.unitsPerPixelX,
                                                             (b.y - a.y) * m_stroke.unitsPerPixelY);
     if (!(units > 0)) return;
-    double first = 0;
-    double last = 1;
-    if (!visiblePart(a, b, m_low, m_high, first, last)) {
+    const VisiblePart seen = visiblePart(a.x, a.y, b.x, b.y, m_reach);
+    if (seen.isEmpty()) {
       emit();
       m_cursor.advance(units);
       return;
@@ -204,12 +180,12 @@ class WideDasher {
       const double part = reached / units;
       return StrokePoint{a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
     };
-    if (first > 0) {
+    if (seen.first > 0) {
       emit();
-      m_cursor.advance(units * first);
+      m_cursor.advance(units * seen.first);
     }
-    double reached = units * first;
-    const double end = units * last;
+    double reached = units * seen.first;
+    const double end = units * seen.last;
     if (m_cursor.isOn() && m_piece.empty()) m_piece.push_back(at(reached));
     while (reached + m_cursor.left() < end) {
       reached += m_cursor.left();
@@ -220,7 +196,7 @@ class WideDasher {
     }
     m_cursor.advance(end - reached);
     if (!m_piece.empty()) m_piece.push_back(at(end));
-    if (last < 1) {
+    if (seen.last < 1) {
       emit();
       m_cursor.advance(units - end);
     }
@@ -234,8 +210,7 @@ class WideDasher {
   WideStroker& m_stroker;
   const DeviceStroke& m_stroke;
   DashCursor m_cursor;
-  Vector m_low;
-  Vector m_high;
+  ReachBox m_reach;
   double m_unitsPerSegment = 0;
   std::vector<StrokePoint> m_piece;
 };

@@ -1,4 +1,4 @@
-#include "platform/raster/span_painter.h"
+#include "platform/internal/span_painter.h"
 
 namespace qdr {
 
