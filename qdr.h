@@ -2,7 +2,6 @@
 
 // The whole public interface of the kernel. Written by scripts/make_umbrella.py.
 
-#include "platform/arc_points.h"
 #include "platform/axis_map.h"
 #include "platform/code_page.h"
 #include "platform/combo_box.h"
@@ -27,6 +26,7 @@
 #include "platform/headless/memory_file.h"
 #include "platform/headless/memory_files.h"
 #include "platform/headless/memory_stream.h"
+#include "platform/headless/recording_surface.h"
 #include "platform/headless/scripted_input.h"
 #include "platform/headless/scripted_ui.h"
 #include "platform/input.h"
@@ -38,8 +38,10 @@
 #include "platform/points.h"
 #include "platform/selection_slot.h"
 #include "platform/software_raster.h"
+#include "platform/svg_surface.h"
 #include "platform/system.h"
 #include "platform/utf16.h"
+#include "platform/vector_surface.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 #include "platform/wnd.h"

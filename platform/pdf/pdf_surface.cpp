@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/vector/path_clip.h"
+#include "platform/internal/path_clip.h"
 
 namespace qdr {
 

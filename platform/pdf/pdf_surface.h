@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/vector/vector_surface.h"
+#include "platform/vector_surface.h"
 
 namespace qdr {
 

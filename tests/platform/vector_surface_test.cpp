@@ -1,12 +1,12 @@
-#include "platform/vector/vector_surface.h"
+#include "platform/vector_surface.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "platform/device_context.h"
-#include "platform/vector/path_clip.h"
-#include "platform/vector/svg_surface.h"
+#include "platform/internal/path_clip.h"
+#include "platform/svg_surface.h"
 
 namespace {
 

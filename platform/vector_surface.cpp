@@ -1,12 +1,12 @@
-#include "platform/vector/vector_surface.h"
+#include "platform/vector_surface.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 #include "platform/internal/arc_points.h"
+#include "platform/internal/path_clip.h"
 #include "platform/internal/visible_part.h"
-#include "platform/vector/path_clip.h"
 
 namespace qdr {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/vector/vector_surface.h"
+#include "platform/vector_surface.h"
 
 namespace qdr {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/vector/vector_surface.h"
+#include "platform/vector_surface.h"
 
 namespace qdr {
 

@@ -1,4 +1,4 @@
-#include "platform/vector/svg_surface.h"
+#include "platform/svg_surface.h"
 
 #include <charconv>
 #include <cmath>

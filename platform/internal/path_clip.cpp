@@ -1,4 +1,4 @@
-#include "platform/vector/path_clip.h"
+#include "platform/internal/path_clip.h"
 
 #include <algorithm>
 #include <cmath>
