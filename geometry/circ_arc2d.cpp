@@ -26,7 +26,8 @@ double reducedAngle(double angle) {
 // Most points an arc of this sweep can need at n steps a turn, whatever rounding adds.
 std::size_t screenPointLimit(double sweep, int n) {
   const double most = n * (sweep / qdr::kTwoPi) + 2.0;
-  if (std::isnan(most)) return 1;
+  // Angles beyond a full turn may give a negative sweep, which draws its end alone.
+  if (!(most >= 2.0)) return 1;
   return most < static_cast<double>(kMostScreenPoints) ? static_cast<std::size_t>(most)
                                                        : kMostScreenPoints;
 }

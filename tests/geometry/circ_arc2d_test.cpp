@@ -508,6 +508,8 @@ TEST(CircArc2d, TessellatesInFixedSteps) {
       {"negative steps give the ends", arcOf(180, 270), -3, 2, 2, {-100, 0}, {0, -100}},
       {"not a number ends at once", {kOrigin, 1, nan, nan}, 100, 1, 1, {0, 0}, {0, 0}},
       {"capped", arcOf(0, 360), 2000000000, 1000000, 1000000, {100, 0}, {100, 0}},
+      // 3 - (20 - 2 pi) is below 0: the end alone, at (cos 3, sin 3) = (-0.98999, 0.14112).
+      {"a start more than a turn ahead", {kOrigin, 1, 20, 3}, 100, 1, 1, {-99, 14}, {-99, 14}},
       {"angles too large to grow", {kOrigin, 0, 0, 1e300}, 100, 1, 1000000, {0, 0}, {0, 0}},
   };
   for (const ScreenRow& row : rows) {
