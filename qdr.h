@@ -146,6 +146,7 @@
 #include "interaction/display/buff_dc.h"
 #include "interaction/display/display_table.h"
 #include "interaction/display/display_table_record.h"
+#include "interaction/display/entity_index.h"
 #include "interaction/grid_rounding.h"
 #include "interaction/input_loop.h"
 #include "interaction/object_name_handler.h"

@@ -130,6 +130,12 @@ class QDR_API CQdrDbDatabase {
   /// null when there is none, and then nothing is drawn.
   CDC* screenDC();
 
+  /// Tells the view of its block that an entity of the drawing has other geometry or looks.
+  void entityChanged(CQdrDbObject& entity);
+  /// Tells the views that entities may draw wider than before, through a change of their layer.
+  void looksChanged() { ++m_looksVersion; }
+  std::uint64_t looksVersion() const { return m_looksVersion; }
+
   /// Asks for a repaint of the current view, background included, if there is one.
   void invalidateView();
 
@@ -188,5 +194,6 @@ class QDR_API CQdrDbDatabase {
   std::shared_ptr<CQdrBuffDC> m_lastBuffer;
   CQdrDbEntityTracker* m_currentTracker = nullptr;
   qdr::HardIdMap m_hardIds;
+  std::uint64_t m_looksVersion = 0;
   bool m_closing = false;
 };

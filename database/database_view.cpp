@@ -10,6 +10,12 @@ void CQdrDbDatabase::Draw() {
   if (display && display->getView(view, dc) && dc) display->Draw(dc);
 }
 
+void CQdrDbDatabase::entityChanged(CQdrDbObject& entity) {
+  auto* const block = static_cast<CQdrDbBlockTableRecord*>(entity.ownerId().getPObject());
+  if (!m_closing && block && block->getDisplayRecord())
+    block->getDisplayRecord()->entityChanged(entity.objectId());
+}
+
 void CQdrDbDatabase::invalidateView() {
   const CQdrDbDisplayTableRecord* display = m_displayTable.getCurrentRecord();
   if (display && display->getView()) display->getView()->InvalidateRect(nullptr, true);

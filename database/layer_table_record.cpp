@@ -98,3 +98,8 @@ void CQdrDbLayerTableRecord::read() {
   qdr::FieldReader stream(file());
   fields(stream);
 }
+
+void CQdrDbLayerTableRecord::setLineWeight(QdrDb::LineWeight weight) {
+  m_lineWeight = weight;
+  if (m_database) m_database->looksChanged();
+}

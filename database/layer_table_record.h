@@ -44,7 +44,7 @@ class QDR_API CQdrDbLayerTableRecord : public CQdrDbReferredRecord {
   unsigned long getColorValue() const;
 
   QdrDb::LineWeight getLineWeight() const { return m_lineWeight; }
-  void setLineWeight(QdrDb::LineWeight weight) { m_lineWeight = weight; }
+  void setLineWeight(QdrDb::LineWeight weight);
 
   /// Colour and linetype bind by number; one that the file does not name stays null.
   void save() override;

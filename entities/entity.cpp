@@ -98,6 +98,16 @@ void CQdrDbEntity::storeGripPoints(std::initializer_list<CQdrGePoint2d> points) 
 
 void CQdrDbEntity::updateEntityRect() {
   m_entityRect = GetOutRect();
+  tellView();
+}
+
+void CQdrDbEntity::looksChanged() {
+  m_penStale = true;
+  tellView();
+}
+
+void CQdrDbEntity::tellView() {
+  if (m_dbEntity && m_database) m_database->entityChanged(*this);
 }
 
 CQdrGePoint2d CQdrDbEntity::getGripPoint(int index) const {

@@ -202,6 +202,8 @@ class QDR_API CQdrDbEntity : public CQdrDbObject {
   /// Builds the grips of a class whose points are known, and refreshes the entity rectangle.
   void storeGripPoints(std::initializer_list<CQdrGePoint2d> points);
   void updateEntityRect();
+  /// Makes the next drawing build a pen, and the view look at the entity's box again.
+  void looksChanged();
   /// Deletes the cached pen.
   void freePen();
 
@@ -219,4 +221,7 @@ class QDR_API CQdrDbEntity : public CQdrDbObject {
   bool m_backgroundDraw = false;  ///< during UnDraw
   bool m_highlightDraw = false;   ///< during the nested draw of HighlightDraw
   bool m_penStale = true;         ///< nothing clears it, so every setPen builds a pen
+
+ private:
+  void tellView();
 };

@@ -90,7 +90,7 @@ bool CQdrDbEntity::isVisiable() const {
 bool CQdrDbEntity::setLayer(const CQdrDbObjectId& layerId) {
   if (m_dbEntity) moveReference<CQdrDbLayerTableRecord>(objectId(), m_layerId, layerId);
   m_layerId = layerId;
-  m_penStale = true;
+  looksChanged();
   return true;
 }
 
@@ -102,7 +102,7 @@ bool CQdrDbEntity::setLayer(const CString& name) {
 bool CQdrDbEntity::setLineType(const CQdrDbObjectId& lineTypeId, bool) {
   if (m_dbEntity) moveReference<CQdrDbLTypeTableRecord>(objectId(), m_lineTypeId, lineTypeId);
   m_lineTypeId = lineTypeId;
-  m_penStale = true;
+  looksChanged();
   return true;
 }
 
@@ -115,7 +115,7 @@ bool CQdrDbEntity::setLineType(const CString& name, bool) {
 bool CQdrDbEntity::setColor(const CQdrDbObjectId& colorId, bool) {
   if (m_dbEntity) moveReference<CQdrDbColorTableRecord>(objectId(), m_colorId, colorId);
   m_colorId = colorId;
-  m_penStale = true;
+  looksChanged();
   return true;
 }
 
@@ -131,7 +131,7 @@ bool CQdrDbEntity::setColor(int index, bool) {
 
 bool CQdrDbEntity::setLineWeight(QdrDb::LineWeight weight, bool) {
   m_lineWeight = weight;
-  m_penStale = true;
+  looksChanged();
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "database/database.h"
@@ -72,20 +73,38 @@ void CQdrDbDisplayTableRecord::refreshDisplayedIds() {
   setEntityToMem(inLimits);
 }
 
+// Entities that cannot reach the window are left out; while a print gives each its own colour the
+// walk is over all, because the change of colour tells the index.
+template <class Paint>
+void CQdrDbDisplayTableRecord::drawShown(bool all, const Paint& paint) {
+  if (!all && m_database && qdr::EntityIndex::pays(m_displayedIds)) {
+    m_index.refresh(m_displayedIds, *m_database);
+    const qdr::Box window{qdr::toWorld(m_logicalWindow.left), qdr::toWorld(m_logicalWindow.top),
+                          qdr::toWorld(m_logicalWindow.right),
+                          qdr::toWorld(m_logicalWindow.bottom)};
+    const double pixelSize = m_scaleX / _dDispScale;
+    if (!m_index.allInside(window, pixelSize)) {
+      m_index.forEachIn(window, pixelSize, paint);
+      return;
+    }
+  }
+  for (const CQdrDbObjectId& id : m_displayedIds)
+    paint(id);
+}
+
 void CQdrDbDisplayTableRecord::DrawEntities(CDC* dc) {
   if (!dc) return;
   refreshDisplayedIds();
   const bool printing = dc->IsPrinting();
-  for (const CQdrDbObjectId& id : m_displayedIds) {
+  const auto draw = [&](const CQdrDbObjectId& id) {
     CQdrDbEntity* const entity = qdr::asEntity(id);
-    if (!entity) continue;
-    if (printing) {
-      const PrintColor color(*entity);
-      entity->Draw(dc);
-    } else {
-      entity->Draw(dc);
-    }
-  }
+    if (!entity) return true;
+    std::optional<PrintColor> color;
+    if (printing) color.emplace(*entity);
+    entity->Draw(dc);
+    return true;
+  };
+  drawShown(printing, draw);
   DrawGrid(dc);
 }
 

@@ -38,18 +38,20 @@ CDC* CQdrDbDisplayTableRecord::GetCurrentDC(CView*& view, CDC*& dc) const {
 
 void CQdrDbDisplayTableRecord::setEntityToMem(const std::set<CQdrDbObjectId>& ids) {
   m_displayedIds = ids;
+  m_index.clear();
 }
 
 void CQdrDbDisplayTableRecord::addEntity(const CQdrDbObjectId& id) {
-  if (!id.isNull()) qdr::insertId(m_displayedIds, id);
+  if (!id.isNull() && qdr::insertId(m_displayedIds, id)) m_index.added(id);
 }
 
 void CQdrDbDisplayTableRecord::removeEntity(const CQdrDbObjectId& id) {
-  if (!id.isNull()) qdr::eraseId(m_displayedIds, id);
+  if (!id.isNull() && qdr::eraseId(m_displayedIds, id)) m_index.removed(id);
 }
 
 void CQdrDbDisplayTableRecord::ClearDisplayedIdSet() {
   m_displayedIds.clear();
+  m_index.clear();
 }
 
 bool CQdrDbDisplayTableRecord::newIterator(CQdrDbEntSetIterator*& iterator, bool atStart) {

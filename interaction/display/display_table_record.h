@@ -5,6 +5,7 @@
 #include "database/id_set.h"
 #include "database/table_record.h"
 #include "geometry/point2d.h"
+#include "interaction/display/entity_index.h"
 #include "platform/export.h"
 #include "platform/points.h"
 
@@ -41,6 +42,8 @@ class QDR_API CQdrDbDisplayTableRecord : public CQdrDbTableRecord {
   void addEntity(const CQdrDbObjectId& id);
   void removeEntity(const CQdrDbObjectId& id);
   void ClearDisplayedIdSet();
+  /// An entity shown has other geometry or looks than before.
+  void entityChanged(const CQdrDbObjectId& id) { m_index.changed(id); }
   std::set<CQdrDbObjectId>& getDisplayedIdSet() { return m_displayedIds; }
   /// An iterator for the caller to delete.
   bool newIterator(CQdrDbEntSetIterator*& iterator, bool atStart = true);
@@ -137,6 +140,10 @@ class QDR_API CQdrDbDisplayTableRecord : public CQdrDbTableRecord {
   void setLogicalWindow(const QdrXY& min, const QdrXY& max);
   void offsetWindow(double dx, double dy);
   void refreshDisplayedIds();
+  template <class Paint>
+  void drawShown(bool all, const Paint& paint);
+  template <class Visit>
+  void forEachShown(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2, Visit&& visit);
   void drawGridLines(CDC* dc, LONG step) const;
   void drawGridAxes(CDC* dc) const;
 
@@ -155,6 +162,7 @@ class QDR_API CQdrDbDisplayTableRecord : public CQdrDbTableRecord {
   CView* m_view = nullptr;
   CDC* m_dc = nullptr;
   qdr::IdSet m_displayedIds;
+  qdr::EntityIndex m_index;
   CQdrGePoint2d m_limitMin;
   CQdrGePoint2d m_limitMax;
 };
