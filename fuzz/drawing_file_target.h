@@ -47,6 +47,15 @@ inline std::string save(CQdrDbDatabase& database) {
   return file.bytes();
 }
 
+/// What a save must never bring about, whatever was read before. Values may be odd: they come from
+/// the file that was read.
+struct StructureDemand : qdr::DrawingVisitor {
+  void onFault(const qdr::ScanFault& fault) override {
+    using enum qdr::FaultKind;
+    demand(fault.kind == notFinite || fault.kind == sameNumber || fault.kind == missingReference);
+  }
+};
+
 /// Scans and reads the tables of a drawing. Whatever the bytes, the database can be drawn in, saved
 /// and read again afterwards.
 inline void tryDrawing(std::string_view tables) {
@@ -68,8 +77,11 @@ inline void tryDrawing(std::string_view tables) {
   database.addEntity(new CQdrDbLine(&database), id);
   demand(database.m_blockTable.getCurrentRecord()->getNumEntity() >= members);
 
+  const std::string saved = save(database);
+  StructureDemand structure;
+  qdr::scanDrawing(saved, structure);
   CQdrDbDatabase again(false);
-  read(again, save(database));
+  read(again, saved);
 }
 
 }  // namespace qdr_fuzz
