@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 
+#include "database/entity_classes.h"
 #include "database/fixed_text.h"
 #include "entities/line.h"
 #include "tests/support/drawing_bytes.h"
@@ -231,6 +232,26 @@ TEST(DrawingScanner, EveryClassHasItsSize) {
     ASSERT_EQ(drawing.entities, 3u) << "class " << row.type;
     EXPECT_EQ(found.sizes[1], 39 + row.own) << "class " << row.type;
   }
+}
+
+// What a class writes has the shape told for it, and comes back as it was.
+TEST(DrawingScanner, ClassesWriteTheirShapes) {
+  int classes = 0;
+  for (std::int32_t type = QdrDb::eClassArc; type <= QdrDb::eClassTextTable; ++type) {
+    const qdr::EntityClass* row = qdr::entityClass(static_cast<QdrDb::ClassType>(type));
+    if (!row || !row->make) continue;
+    ++classes;
+    CQdrDbDatabase database(false);
+    CQdrDbObjectId id;
+    database.addEntity(row->make(&database), id);
+    const std::string bytes = savedBytes(database);
+    Collector found;
+    const qdr::ScannedDrawing drawing = qdr::scanDrawing(bytes, found);
+    EXPECT_EQ(found.text, "") << "class " << type;
+    EXPECT_EQ(drawing.entities, 1u) << "class " << type;
+    EXPECT_EQ(savedBytes(*drawingOf(bytes)), bytes) << "class " << type;
+  }
+  EXPECT_GE(classes, 5);
 }
 
 TEST(DrawingScanner, CobwebsAndBoundaries) {
