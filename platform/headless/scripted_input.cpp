@@ -163,7 +163,11 @@ int ScriptedInput::take(MSG& message) {
       return kMessage;
     }
     if (std::exchange(m_quitPosted, false)) return kQuit;
-    if (m_steps.empty()) break;
+    if (m_steps.empty()) {
+      if (!m_supply || !m_supply()) break;
+      m_delivered = 0;
+      continue;
+    }
     const Step step = std::move(m_steps.front());
     m_steps.pop_front();
     const int taken = step(message);

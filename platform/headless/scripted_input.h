@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <string_view>
+#include <utility>
 
 #include "platform/headless/headless_input.h"
 #include "platform/headless/headless_window.h"
@@ -19,7 +20,7 @@ namespace qdr {
 /// counts as exhausted; a test announces an end that it wants.
 class QDR_API ScriptedInput : public IMessagePump {
  public:
-  /// Messages of one script; a loop that feeds itself ends here.
+  /// Messages of one script, or between two supplies; a loop that feeds itself ends here.
   static constexpr std::size_t kMostMessages = 1'000'000;
 
   explicit ScriptedInput(HeadlessInput& input) : m_input(input) {}
@@ -59,6 +60,10 @@ class QDR_API ScriptedInput : public IMessagePump {
   /// Any message to a window; null is the view.
   ScriptedInput& message(CWnd* window, unsigned number, WPARAM wParam = 0, LPARAM lParam = 0);
 
+  /// Asks `supply` for more steps whenever none are left, at first when the next message is asked
+  /// for; it adds some and answers true, or false at the end of the script. Null takes it off.
+  void setSupply(std::function<bool()> supply) { m_supply = std::move(supply); }
+
   /// The end of the script is wanted.
   void announceEnd() { m_announced = true; }
   /// A loop has asked beyond the end, or for too many messages.
@@ -90,6 +95,7 @@ class QDR_API ScriptedInput : public IMessagePump {
   CWnd* m_view = nullptr;
   HeadlessWindow* m_peer = nullptr;
   std::deque<Step> m_steps;
+  std::function<bool()> m_supply;
   std::deque<MSG> m_front;  // made by translation
   std::deque<MSG> m_posted;
   CWnd* m_lastTarget = nullptr;  // of the message given last
