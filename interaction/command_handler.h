@@ -175,6 +175,10 @@ class QDR_API CQdrCommandHandler {
 
   int depth() const { return m_depth; }
   void enter() { ++m_depth; }
+  /// Inputs that have ended so far: a key that leaves the count alone ended none, and the input
+  /// that took it still waits.
+  unsigned long inputsEnded() const { return m_inputsEnded; }
+  void countEndedInput() { ++m_inputsEnded; }
   void leave();
   /// Makes the innermost running loop answer 0.
   void RequestCancel() { m_cancelRequested = m_depth > 0; }
@@ -231,6 +235,7 @@ class QDR_API CQdrCommandHandler {
   int m_commandCount = 0;
   unsigned long m_lastCommand = 0;
   int m_depth = 0;
+  unsigned long m_inputsEnded = 0;
   bool m_cancelRequested = false;
   bool m_quitting = false;
 };

@@ -31,6 +31,7 @@ InputLoop::InputLoop(CQdrCommandHandler& handler, CWnd& window, Capture capture)
 
 InputLoop::~InputLoop() {
   if (CWnd::GetCapture() == &m_window) ReleaseCapture();
+  m_handler.countEndedInput();
   m_handler.leave();
 }
 
