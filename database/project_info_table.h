@@ -21,6 +21,8 @@ class QDR_API CQdrDbProjectInfoTable
   explicit CQdrDbProjectInfoTable(CQdrDbDatabase* database);
 
   std::uint32_t GetNextName() const { return m_nextNumber; }
+  /// For a host that adds the records of a file again behind a load.
+  void setNextName(std::uint32_t number) { m_nextNumber = number; }
 
   /// False when there is none of that name.
   bool removeRecord(const wchar_t* name);
