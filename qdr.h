@@ -163,3 +163,13 @@
 #include "interaction/trackers/rect_tracker.h"
 #include "interaction/trackers/selection_tracker.h"
 #include "interaction/trackers/shape_tracker.h"
+
+#include "hostcore/backing_store.h"
+#include "hostcore/command_numbers.h"
+#include "hostcore/data_folder.h"
+#include "hostcore/drawing_host.h"
+#include "hostcore/host_answer.h"
+#include "hostcore/prompts.h"
+#include "hostcore/script_player.h"
+#include "hostcore/script_stage.h"
+#include "hostcore/visible_box.h"

@@ -91,3 +91,19 @@ function(qdr_add_tests folder)
   target_compile_options(qdr_${folder}_tests PRIVATE -Wno-conversion)
   add_test(NAME ${folder} COMMAND qdr_${folder}_tests --gtest_brief=1)
 endfunction()
+
+# The message file of the prompts becomes part of the library, for a host whose own is missing.
+function(qdr_embed_prompts)
+  set(rows "${CMAKE_SOURCE_DIR}/data/prompts/en.msg")
+  set(source "${CMAKE_BINARY_DIR}/hostcore/builtin_prompts.cpp")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${rows}")
+  file(READ "${rows}" QDR_PROMPT_ROWS)
+  configure_file("${CMAKE_SOURCE_DIR}/hostcore/builtin_prompts.cpp.in" "${source}" @ONLY)
+  target_sources(qdr_hostcore PRIVATE "${source}")
+endfunction()
+
+# Programs look for data in share/qdr beside their own folder, in the build tree as installed.
+function(qdr_link_data)
+  file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/share")
+  file(CREATE_LINK "${CMAKE_SOURCE_DIR}/data" "${CMAKE_BINARY_DIR}/share/qdr" SYMBOLIC)
+endfunction()

@@ -1,0 +1,156 @@
+// Opening and saving.
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+#include "database/database.h"
+#include "database/file/drawing_scanner.h"
+#include "hostcore/drawing_host.h"
+#include "platform/file.h"
+#include "platform/file_path.h"
+#include "platform/headless/memory_file.h"
+
+namespace {
+
+using qdr::HostAnswer;
+using qdr::HostFault;
+
+constexpr const wchar_t* kExtension = L"kov";
+constexpr const wchar_t* kApplication = L"K-Ova";
+constexpr std::uint64_t kPlaneBytes = 32;
+constexpr std::uint64_t kFixedBytes =
+    qdr::kHeaderBytes + qdr::kVarsBytes + qdr::kDimVarsBytes + kPlaneBytes;
+constexpr int kArchiveBuffer = 4096;
+
+bool isDrawingName(const std::wstring& path) {
+  return qdr::extensionOf(path.c_str()).CompareNoCase(kExtension) == 0;
+}
+
+HostAnswer fileFault(const std::wstring& path, const std::wstring& reason) {
+  return {HostFault::file, path + L": " + reason};
+}
+
+// The bytes of a drawing. The reader compares nothing and takes any bytes, so what is no drawing is
+// told from one here.
+HostAnswer loadedDrawing(const std::wstring& path, std::string& bytes) {
+  if (!isDrawingName(path)) return fileFault(path, L"the name of a drawing ends in .kov");
+  std::string reason;
+  if (!qdr::readWholeFile(path.c_str(), bytes, reason))
+    return fileFault(path, qdr::fromUtf8(reason));
+  if (bytes.size() < kFixedBytes) return fileFault(path, L"too short for a drawing");
+  QdrDbFileHeader_tag header;
+  std::memcpy(&header, bytes.data(), sizeof header);
+  if (header.applicationName.text() != kApplication) return fileFault(path, L"no drawing");
+  return {};
+}
+
+template <std::size_t N>
+void copyText(wchar_t (&field)[N], const std::wstring& text) {
+  field[text.copy(field, N - 1)] = L'\0';
+}
+
+// The reader drops the rows of project information and revisions: they come from the bytes. Adding
+// a row advances the number of the next one, which was read already.
+void refillRows(CQdrDbDatabase& database, const qdr::DroppedRows& rows) {
+  CQdrDbProjectInfoTable& projectInfo = database.m_projectInfoTable;
+  const std::uint32_t next = projectInfo.GetNextName();
+  for (const qdr::ProjectInfoRow& row : rows.projectInfo) {
+    auto record = std::make_unique<CQdrDbProjectInfoTableRecord>(&database);
+    record->setOwnerId(database.ProjectInfoTable());
+    record->setName(row.name.c_str());
+    record->m_first = row.first;
+    record->m_second = row.second;
+    copyText(record->m_text, row.text);
+    if (projectInfo.add(record.get())) record.release();
+  }
+  projectInfo.setNextName(next);
+  for (const qdr::RevisionRow& row : rows.revisions) {
+    auto record = std::make_unique<CQdrDbRevisionTableRecord>(&database);
+    record->setOwnerId(database.RevisionTable());
+    record->setName(row.name.c_str());
+    record->m_number = row.number;
+    copyText(record->m_firstText, row.texts[0]);
+    copyText(record->m_secondText, row.texts[1]);
+    copyText(record->m_thirdText, row.texts[2]);
+    if (database.m_revisionTable.add(record.get())) record.release();
+  }
+}
+
+std::uint64_t largestNumberOf(const std::set<CQdrDbObjectId>& ids) {
+  return ids.empty() ? 0 : ids.rbegin()->getPObject()->getCreatedTime();
+}
+
+// The largest creation number of records and entities.
+std::uint64_t largestNumber(CQdrDbDatabase& database) {
+  std::uint64_t largest = 0;
+  const CQdrDbTable* const tables[] = {
+      &database.m_layerTable,     &database.m_colorTable,       &database.m_linetypeTable,
+      &database.m_textStyleTable, &database.m_blockTable,       &database.m_displayTable,
+      &database.m_symbolTable,    &database.m_projectInfoTable, &database.m_revisionTable};
+  for (const CQdrDbTable* table : tables)
+    for (const auto& [name, id] : table->records())
+      largest = std::max(largest, id.getPObject()->getCreatedTime());
+  for (const auto& [name, id] : database.m_blockTable.records()) {
+    auto* block = static_cast<CQdrDbBlockTableRecord*>(id.getPObject());
+    largest = std::max(largest, largestNumberOf(block->getEntitySet()));
+  }
+  return largest;
+}
+
+void readInto(CQdrDbDatabase& database, std::string bytes) {
+  const qdr::DroppedRows rows = qdr::scanDroppedRows(bytes);
+  qdr::MemoryFile file(std::move(bytes));
+  CArchive archive(&file, CArchive::load, kArchiveBuffer, nullptr);
+  database.Read(archive);
+  archive.Close();
+  database.m_pFile = nullptr;
+  refillRows(database, rows);
+  // A new entity that bore the number of a loaded one would not enter its block.
+  CQdrDbObject::NextHardID = std::max(CQdrDbObject::NextHardID, largestNumber(database) + 1);
+}
+
+}  // namespace
+
+namespace qdr {
+
+HostAnswer DrawingHost::open(const std::wstring& path) {
+  if (isBusy()) return {HostFault::busy, L"a command is running"};
+  std::string bytes;
+  if (HostAnswer answer = loadedDrawing(path, bytes); !answer) return answer;
+  const bool done = guarded([&] {
+    std::unique_ptr<CQdrDbDatabase> database = freshDatabase();
+    // Boxes of entities ask the active drawing while the file is read.
+    _gpDatabase = database.get();
+    readInto(*database, std::move(bytes));
+    adopt(std::move(database), path);
+    zoomExtents();
+  });
+  _gpDatabase = m_database.get();
+  return done ? HostAnswer() : fileFault(path, L"cannot be read");
+}
+
+HostAnswer DrawingHost::save(const std::wstring& path) {
+  if (isBusy()) return {HostFault::busy, L"a command is running"};
+  if (!isDrawingName(path)) return fileFault(path, L"the name of a drawing ends in .kov");
+  CFile file;
+  if (!file.Open(path.c_str(), CFile::modeCreateWrite))
+    return fileFault(path, fromUtf8(file.lastError()));
+  CArchive archive(&file, CArchive::store, kArchiveBuffer, nullptr);
+  // Without a Close the earlier file stays.
+  const bool written = guarded([&] { m_database->Save(archive); });
+  archive.Close();
+  const bool stored = written && file.Close();
+  m_database->m_pFile = nullptr;
+  if (!stored) {
+    m_modified = true;
+    return fileFault(path, fromUtf8(file.lastError()));
+  }
+  m_path = path;
+  m_modified = false;
+  return {};
+}
+
+}  // namespace qdr

@@ -1,0 +1,230 @@
+#include "hostcore/drawing_host.h"
+
+#include <gtest/gtest.h>
+
+#include <cwchar>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "database/database.h"
+#include "hostcore/command_numbers.h"
+#include "hostcore/data_folder.h"
+#include "hostcore/prompts.h"
+#include "hostcore/script_player.h"
+
+using qdr::HostFault;
+using qdr::ScriptPlayer;
+using qdr::ScriptStage;
+
+namespace {
+
+std::string temporary(const char* name) {
+  return ::testing::TempDir() + name;
+}
+
+std::string bytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void write(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+class HostTest : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { qdr::useFoundDataFolder(); }
+  qdr::DrawingHost& host() { return m_stage.host(); }
+  void play(const std::string& script) {
+    const qdr::ScriptOutcome outcome = ScriptPlayer(m_stage).play(script);
+    ASSERT_TRUE(outcome) << outcome.line << ": " << qdr::toUtf8(outcome.reason);
+  }
+
+  ScriptStage m_stage{{}, ScriptStage::Facts::fixed};
+};
+
+TEST_F(HostTest, OpensOnlyDrawings) {
+  const std::string drawing = temporary("whole.kov");
+  play("circle\n5,5\n3\n.save " + drawing);
+  const std::string whole = bytesOf(drawing);
+  std::string foreign = whole;
+  foreign[0] = 'X';
+  constexpr std::size_t kFixedBytes = 21566 + 1200 + 232 + 32;
+  struct {
+    const char* name;
+    std::string bytes;
+  } const rows[] = {
+      {"wrong_extension.txt", whole},
+      {"foreign.kov", foreign},
+      {"short.kov", whole.substr(0, kFixedBytes - 1)},
+      {"empty.kov", ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    write(temporary(row.name), row.bytes);
+    const qdr::HostAnswer answer = host().open(qdr::fromUtf8(temporary(row.name)));
+    EXPECT_EQ(answer.fault, HostFault::file);
+    EXPECT_NE(answer.reason.find(qdr::fromUtf8(row.name)), std::wstring::npos);
+    play(".expect count circle 1");
+  }
+  EXPECT_TRUE(host().open(qdr::fromUtf8(drawing)));
+}
+
+// The number of a new entity lies above all that were loaded, also when the process is younger
+// than the drawing.
+TEST_F(HostTest, NewEntitiesJoinALoadedDrawing) {
+  const std::string drawing = temporary("numbers.kov");
+  play("line\n0,0\n9,9\n0,9\n.enter\n.save " + drawing);
+  CQdrDbObject::NextHardID = 1;
+  play(".open " + drawing +
+       "\n.expect count 2\ncircle\n5,5\n3\n.expect count 3\n"
+       "line\n0,0\n1,1\n.enter\n.expect count 4\n.undo\n.undo\n.expect count 2\n");
+}
+
+TEST_F(HostTest, RowsOfProjectInfoAndRevisionsSurviveALoad) {
+  const std::string drawing = temporary("rows.kov");
+  CQdrDbDatabase& database = host().database();
+  wchar_t name[CQdrDbTableRecord::kNameSize] = {};
+  auto* info = new CQdrDbProjectInfoTableRecord(&database);
+  info->SetAutoName(name);
+  info->m_first = 7;
+  info->m_second = -3;
+  std::wcscpy(info->m_text, L"Bearing");
+  ASSERT_TRUE(database.m_projectInfoTable.add(info));
+  auto* revision = new CQdrDbRevisionTableRecord(&database);
+  revision->setName(L"A");
+  revision->m_number = 2;
+  std::wcscpy(revision->m_thirdText, L"checked");
+  ASSERT_TRUE(database.m_revisionTable.add(revision));
+  const std::uint32_t next = database.m_projectInfoTable.GetNextName();
+
+  ASSERT_TRUE(host().save(qdr::fromUtf8(drawing)));
+  ASSERT_TRUE(host().open(qdr::fromUtf8(drawing)));
+  CQdrDbProjectInfoTableRecord* loadedInfo = nullptr;
+  ASSERT_TRUE(host().database().m_projectInfoTable.getRecord(name, loadedInfo));
+  EXPECT_EQ(loadedInfo->m_first, 7);
+  EXPECT_EQ(loadedInfo->m_second, -3);
+  EXPECT_STREQ(loadedInfo->m_text, L"Bearing");
+  EXPECT_EQ(host().database().m_projectInfoTable.GetNextName(), next);
+  CQdrDbRevisionTableRecord* loadedRevision = nullptr;
+  ASSERT_TRUE(host().database().m_revisionTable.getRecord(L"A", loadedRevision));
+  EXPECT_EQ(loadedRevision->m_number, 2);
+  EXPECT_STREQ(loadedRevision->m_thirdText, L"checked");
+}
+
+TEST_F(HostTest, AFailedSaveSaysWhyAndStaysUnsaved) {
+  play("circle\n5,5\n3\n");
+  EXPECT_TRUE(host().isModified());
+  const qdr::HostAnswer answer = host().save(L"/no/such/folder/a.kov");
+  EXPECT_EQ(answer.fault, HostFault::file);
+  EXPECT_NE(answer.reason.find(L"/no/such/folder/a.kov: "), std::wstring::npos);
+  EXPECT_TRUE(host().isModified());
+  const std::string drawing = temporary("saved.kov");
+  ASSERT_TRUE(host().save(qdr::fromUtf8(drawing)));
+  EXPECT_FALSE(host().isModified());
+  EXPECT_EQ(host().path(), qdr::fromUtf8(drawing));
+}
+
+TEST_F(HostTest, RefusesWhileACommandRuns) {
+  m_stage.script().click(50, 50).call([this] {
+    EXPECT_TRUE(host().isBusy());
+    EXPECT_FALSE(host().runCommand(qdr::kCommandBase + QdrDb::eCommandLine));
+    EXPECT_EQ(host().view().SendMessage(WM_COMMAND, qdr::kUndoCommand), 0);
+    EXPECT_EQ(host().undo().fault, HostFault::busy);
+    EXPECT_EQ(host().redo().fault, HostFault::busy);
+    EXPECT_EQ(host().newDrawing().fault, HostFault::busy);
+    EXPECT_EQ(host().open(L"a.kov").fault, HostFault::busy);
+    EXPECT_EQ(host().save(L"a.kov").fault, HostFault::busy);
+    EXPECT_EQ(host().showExtents().fault, HostFault::busy);
+  });
+  // A close ends the command first and then the program.
+  m_stage.script().message(nullptr, WM_CLOSE);
+  host().runCommand(qdr::kCommandBase + QdrDb::eCommandCircle);
+  EXPECT_FALSE(host().isBusy());
+  MSG message;
+  while (GetMessageW(&message) > 0)
+    host().handle(message);
+  EXPECT_FALSE(m_stage.script().isExhausted());
+}
+
+// A choice of the property combos goes to the selection, in one step of undo, else to what is
+// drawn next.
+TEST_F(HostTest, PropertyChoicesFollowTheSelection) {
+  play(".window 0,0 400,300\ncircle\n50,50\n20\ncircle\n150,50\n20\n");
+  CQdrDbObjectId red;
+  ASSERT_TRUE(host().database().m_colorTable.getAt(L"1", red));
+  const auto choose = [&](WPARAM kind, const void* data) {
+    host().view().SendMessage(81, kind, reinterpret_cast<LPARAM>(data));
+  };
+  choose(0, red.getPObject());
+  play(
+      "circle\n250,50\n20\n.expect entity circle Color=1\n"
+      ".pick 70,50\n.pick 170,50\n.expect selected 2\n");
+  choose(3, L"30");
+  choose(0, nullptr);
+  play(".key esc\n.expect selected 0\n.undo\n.undo\n.expect count 2\n");
+  EXPECT_EQ(host().database().m_vars.currentLineWeight, -1);
+}
+
+TEST_F(HostTest, CommandNumbers) {
+  struct {
+    unsigned number;
+    QdrDb::CommandID id;
+    unsigned long option;
+  } const rows[] = {
+      {40001, QdrDb::eCommandLine, 5}, {40036, QdrDb::eCommandPolylineedit, 5},
+      {40037, QdrDb::eCommandNone, 5}, {40000, QdrDb::eCommandNone, 5},
+      {40019, QdrDb::eCommandNone, 5}, {40190, QdrDb::eCommandNone, 5},
+      {40191, QdrDb::eCommandDim, 1},  {40200, QdrDb::eCommandDim, 10},
+      {40201, QdrDb::eCommandNone, 5}, {40101, QdrDb::eCommandNone, 5},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.number);
+    unsigned long option = 5;
+    EXPECT_EQ(qdr::commandOf(row.number, option), row.id);
+    EXPECT_EQ(option, row.option);
+  }
+  for (const unsigned own : {40101u, 40102u, 40110u, 40117u})
+    EXPECT_TRUE(qdr::isHostCommand(own)) << own;
+  for (const unsigned none : {0u, 40000u, 40100u, 40103u, 40109u, 40118u})
+    EXPECT_FALSE(qdr::isHostCommand(none)) << none;
+}
+
+TEST_F(HostTest, PromptsAreWholeWhateverTheFileHolds) {
+  const std::string rows = temporary("short.msg");
+  write(rows, "One:;\nTwo:;\n");
+  struct {
+    const char* name;
+    std::wstring path;
+    bool complains;
+  } const cases[] = {
+      {"built in", L"", false},
+      {"of the data folder", qdr::dataFile(L"prompts/en.msg"), false},
+      {"too few rows", qdr::fromUtf8(rows), true},
+      {"no file", L"/no/such/file.msg", true},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.name);
+    std::wstring complaint;
+    const auto prompts = qdr::loadPrompts(row.path, complaint);
+    EXPECT_GE(prompts->promptCount(), qdr::kPromptRows);
+    EXPECT_EQ(prompts->getPrompt(3), CString(L"Start point:"));
+    EXPECT_EQ(!complaint.empty(), row.complains);
+  }
+  EXPECT_TRUE(m_stage.platform().ui.boxes().empty());
+}
+
+TEST_F(HostTest, ShowsAllThatIsVisible) {
+  play("circle\n1000,2000\n100\nrect\n-500,0\n-400,50\n");
+  ASSERT_TRUE(host().showExtents());
+  for (const CQdrGePoint2d& corner : {CQdrGePoint2d(1100, 2100), CQdrGePoint2d(-500, 0)}) {
+    CRect client;
+    host().view().GetClientRect(&client);
+    EXPECT_TRUE(client.PtInRect(host().display().GetDecivePoint(corner)));
+  }
+  // 2100 units and 4 of 100 on both sides fill the height of 600 pixels: 3.78 units a pixel.
+  EXPECT_NEAR(host().display().scaleY() / 100.0, 2100 * 1.08 / 600, 0.02);
+}
+
+}  // namespace
