@@ -6,6 +6,7 @@
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/bulge.h"
+#include "geometry/internal/curve_intersection.h"
 #include "geometry/internal/travel_segment.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
@@ -62,6 +63,14 @@ ChainPlace placeAtParam(const CQdrGePolyline2d& chain, double param) {
 CQdrGePoint2d endOfChain(const CQdrGePolyline2d& chain) {
   if (chain.numVerts() == 0) return CQdrGePoint2d::kOrigin;
   return chain.isClosed() ? chain.points().front() : chain.points().back();
+}
+
+/// A test without angles that spares most segments the search of their closest point. Arcs allow an
+/// angle beyond their ends.
+bool isSurelyFarther(const TravelSegment& segment, const Vec& point, double reach) {
+  const double margin = kPointTolerance * (1.0 + reach) + 2.0 * kAngleTolerance * segment.radius;
+  const double limit = reach + margin;
+  return distanceSqrdTo(segment, point) > limit * limit;
 }
 
 }  // namespace
@@ -206,6 +215,8 @@ CQdrGePoint2d CQdrGePolyline2d::closestPointTo(const CQdrGePoint2d& point, int& 
   CQdrGeLine2d line;
   CQdrGeCircArc2d arc;
   for (int i = 0; i < numVerts(); ++i) {
+    if (segment >= 0 && isSurelyFarther(travelSegment(*this, i), toVec(point), bestDistance))
+      continue;
     CQdrGePoint2d candidate;
     if (getLineSegAt(i, line)) {
       candidate = line.closestPointTo(point, tol);

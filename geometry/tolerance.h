@@ -84,8 +84,8 @@ inline constexpr double kDirectionProbe = 0.05;
 /// Sine of the angle up to which lines count as parallel and do not meet.
 inline constexpr double kParallelSine = 1e-8;
 
-/// Half the distance of two hits on a circle, as a ratio to its radius, up to which they are one.
-inline constexpr double kTouchHeight = 1e-7;
+/// What rounding may take from a length, as a ratio to the coordinates it comes from.
+inline constexpr double kRoundingRatio = 1e-14;
 
 /// Distance of two centres, as a ratio to the radius, up to which circles do not meet.
 inline constexpr double kSameCenter = 1e-12;

@@ -1,5 +1,6 @@
 #include "geometry/internal/curve_intersection.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -16,6 +17,12 @@ struct Circle {
 
 Circle circleOf(const TravelSegment& arc) {
   return {arc.center, arc.radius};
+}
+
+/// How far apart, or how far into each other, curves may be that still touch in one place.
+double touchGap(const Circle& circle) {
+  const double size = std::abs(circle.center.x) + std::abs(circle.center.y) + circle.radius;
+  return kCurveTolerance + kRoundingRatio * size;
 }
 
 Meeting meetLines(const TravelSegment& a, const TravelSegment& b) {
@@ -36,10 +43,9 @@ Meeting meetLineCircle(const TravelSegment& line, const Circle& circle) {
   const double lengthSqrd = u.lengthSqrd();
   if (!(lengthSqrd > 0.0)) return meeting;
   const Vec foot = line.start + u * (dot(circle.center - line.start, u) / lengthSqrd);
-  const double radiusSqrd = circle.radius * circle.radius;
-  const double heightSqrd = radiusSqrd - distanceSqrd(foot, circle.center);
-  // Rounding parts or joins the two hits of a touching line by this much.
-  const double touchSqrd = kTouchHeight * kTouchHeight * radiusSqrd;
+  const double heightSqrd = circle.radius * circle.radius - distanceSqrd(foot, circle.center);
+  // r^2 - f^2 = (r - f)(r + f), and the gap is r - f.
+  const double touchSqrd = 2.0 * circle.radius * touchGap(circle);
   if (heightSqrd < -touchSqrd || !(heightSqrd == heightSqrd)) return meeting;
   if (heightSqrd <= touchSqrd) {
     meeting.add(foot);
@@ -61,7 +67,9 @@ Meeting meetCircles(const Circle& a, const Circle& b) {
   const double along = 0.5 * (1.0 + (a.radius - b.radius) * (a.radius + b.radius) / apartSqrd);
   const Vec foot = a.center + between * along;
   const double heightSqrd = radiusSqrd - along * along * apartSqrd;
-  const double touchSqrd = kTouchHeight * kTouchHeight * radiusSqrd;
+  // The height of a gap g between circles that touch from outside or inside: h^2 = 2 g r1 r2 / d.
+  const double gap = std::max(touchGap(a), touchGap(b));
+  const double touchSqrd = 2.0 * gap * a.radius * b.radius / std::sqrt(apartSqrd);
   if (heightSqrd < -touchSqrd || !(heightSqrd == heightSqrd)) return meeting;
   if (heightSqrd <= touchSqrd) {
     meeting.add(foot);
@@ -77,8 +85,9 @@ bool isNear(const Vec& a, const Vec& b) {
   return distanceSqrd(a, b) <= kCurveTolerance * kCurveTolerance;
 }
 
-/// Whether a place of the infinite line or full circle belongs to the segment.
-bool isOnExtent(const TravelSegment& segment, const Vec& p) {
+}  // namespace
+
+bool holdsPlace(const TravelSegment& segment, const Vec& p) {
   if (segment.isArc()) {
     if (segment.isWithinSweep(p)) return true;
   } else {
@@ -89,7 +98,21 @@ bool isOnExtent(const TravelSegment& segment, const Vec& p) {
   return isNear(p, segment.start) || isNear(p, segment.end);
 }
 
-}  // namespace
+Meeting meetNeighbours(const TravelSegment& a, const TravelSegment& b, const Vec& vertex) {
+  Meeting meeting;
+  if (!a.isArc() && !b.isArc()) return meeting;
+  const Vec center = a.isArc() ? a.center : b.center;
+  // The axis runs through both centres, or through the centre and square to the line.
+  const Vec axis = a.isArc() && b.isArc() ? b.center - a.center
+                   : a.isArc()            ? (b.end - b.start).perpVector()
+                                          : (a.end - a.start).perpVector();
+  const double axisSqrd = axis.lengthSqrd();
+  if (!(axisSqrd > 0.0)) return meeting;
+  const Vec across = axis.perpVector();
+  const Vec mirrored = vertex - across * (2.0 * dot(vertex - center, across) / axisSqrd);
+  if (holdsPlace(a, mirrored) && holdsPlace(b, mirrored)) meeting.add(mirrored);
+  return meeting;
+}
 
 Meeting meetExtended(const TravelSegment& a, const TravelSegment& b) {
   if (a.isArc() && b.isArc()) return meetCircles(circleOf(a), circleOf(b));
@@ -103,7 +126,7 @@ Meeting meetSegments(const TravelSegment& a, const TravelSegment& b) {
   Meeting meeting;
   for (int k = 0; k < extended.count; ++k) {
     const Vec& p = extended.points[k];
-    if (isOnExtent(a, p) && isOnExtent(b, p)) meeting.add(p);
+    if (holdsPlace(a, p) && holdsPlace(b, p)) meeting.add(p);
   }
   return meeting;
 }
@@ -114,7 +137,7 @@ Meeting meetCircle(const TravelSegment& segment, const Vec& center, double radiu
       segment.isArc() ? meetCircles(circleOf(segment), circle) : meetLineCircle(segment, circle);
   Meeting meeting;
   for (int k = 0; k < extended.count; ++k) {
-    if (isOnExtent(segment, extended.points[k])) meeting.add(extended.points[k]);
+    if (holdsPlace(segment, extended.points[k])) meeting.add(extended.points[k]);
   }
   return meeting;
 }
@@ -211,6 +234,16 @@ struct Line {
   double lengthSqrd;
 };
 
+/// Whether already the full circles, beside or inside each other, keep the limit.
+bool areCirclesApart(const TravelSegment& a, const TravelSegment& b, double limitSqrd) {
+  const double limit = std::sqrt(limitSqrd);
+  const double centersSqrd = distanceSqrd(a.center, b.center);
+  const double beside = a.radius + b.radius + limit;
+  if (centersSqrd >= beside * beside) return true;
+  const double inside = std::abs(a.radius - b.radius) - limit;
+  return inside >= 0.0 && centersSqrd <= inside * inside;
+}
+
 bool areLinesNearer(const TravelSegment& a, const TravelSegment& b, double limitSqrd) {
   const Line onA(a);
   const Line onB(b);
@@ -228,6 +261,7 @@ bool areLinesNearer(const TravelSegment& a, const TravelSegment& b, double limit
 
 bool isNearer(const TravelSegment& a, const TravelSegment& b, double limitSqrd) {
   if (!a.isArc() && !b.isArc()) return areLinesNearer(a, b, limitSqrd);
+  if (a.isArc() && b.isArc() && areCirclesApart(a, b, limitSqrd)) return false;
   return nearestPlace(a, b).distanceSqrd < limitSqrd;
 }
 

@@ -19,6 +19,13 @@ Meeting meetSegments(const TravelSegment& a, const TravelSegment& b);
 /// Where the infinite lines and full circles of two segments meet.
 Meeting meetExtended(const TravelSegment& a, const TravelSegment& b);
 
+/// Where two neighbours meet besides `vertex`, which they share: that place mirrored in the common
+/// axis of their curves. At most one place, and none for two lines.
+Meeting meetNeighbours(const TravelSegment& a, const TravelSegment& b, const Vec& vertex);
+
+/// Whether a place of the infinite line or full circle belongs to the segment.
+bool holdsPlace(const TravelSegment& segment, const Vec& p);
+
 /// Where a segment meets a full circle.
 Meeting meetCircle(const TravelSegment& segment, const Vec& center, double radius);
 

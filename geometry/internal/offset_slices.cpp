@@ -38,40 +38,24 @@ class SliceCollector {
   explicit SliceCollector(const Vec& start) { m_current.from = {0, 0.0, start}; }
 
   bool hasFallen() const { return m_hasFallen; }
-  void addPart(bool isClear, double length) {
-    if (!isClear) m_hasFallen = true;
-    m_length += length;
-  }
+  void fall() { m_hasFallen = true; }
 
-  void cutAt(const RawPlace& place) {
-    // Crossings that rounding has parted leave a stretch between them that is nobody's.
-    const bool isEmpty = m_length <= kPointTolerance;
-    if (!isEmpty) finish(place);
+  /// Ends the slice here and begins the next. An empty one is nobody's.
+  void cutAt(const RawPlace& place, bool isEmpty) {
+    if (!isEmpty && m_hasFallen) m_hasLost = true;
+    if (!isEmpty && !m_hasFallen) m_kept.push_back({m_current.from, place});
     m_current.from = place;
     m_hasFallen = false;
-    m_length = 0.0;
   }
 
   bool hasLost() const { return m_hasLost; }
-  double keptLength() const { return m_keptLength; }
+  const RawPlace& from() const { return m_current.from; }
   const std::vector<Slice>& kept() const { return m_kept; }
 
  private:
-  void finish(const RawPlace& place) {
-    if (m_hasFallen) {
-      m_hasLost = true;
-      return;
-    }
-    m_current.to = place;
-    m_kept.push_back(m_current);
-    m_keptLength += m_length;
-  }
-
   Slice m_current;
   bool m_hasFallen = false;
-  double m_length = 0.0;
   bool m_hasLost = false;
-  double m_keptLength = 0.0;
   std::vector<Slice> m_kept;
 };
 
@@ -94,6 +78,9 @@ class OffsetClipper {
   void sortCuts();
   bool isPartClear(std::size_t i, double from, double to) const;
   void walkSegment(std::size_t i, std::span<const Cut> cuts);
+  void judgePart(std::size_t i, double from, double to);
+  void cutAt(SliceCollector& slices, const RawPlace& place) const;
+  double keptLength(const SliceCollector& slices) const;
   VertexChain chainOf(const Slice& slice) const;
 
   const OffsetClip& m_clip;
@@ -159,8 +146,11 @@ void OffsetClipper::addSelfCuts(std::size_t i, std::size_t j) {
   const bool isShared = areNeighbours(i, j);
   if (isShared && !m_raw[i].isArc() && !m_raw[j].isArc()) return;
   // In one order, so that both segments are cut at one place.
+  const TravelSegment& a = m_raw[std::min(i, j)];
+  const TravelSegment& b = m_raw[std::max(i, j)];
+  const bool closesLoop = std::max(i, j) - std::min(i, j) > 1;
   const Meeting meeting =
-      i < j ? meetSegments(m_raw[i], m_raw[j]) : meetSegments(m_raw[j], m_raw[i]);
+      isShared ? meetNeighbours(a, b, closesLoop ? a.start : a.end) : meetSegments(a, b);
   for (int k = 0; k < meeting.count; ++k)
     addCut(i, meeting.points[k], isShared);
 }
@@ -236,22 +226,44 @@ bool OffsetClipper::isPartClear(std::size_t i, double from, double to) const {
 /// Takes one segment of the raw offset through both collectors. A part between two cuts is judged
 /// once, and only while one of the slices that it belongs to still stands.
 void OffsetClipper::walkSegment(std::size_t i, std::span<const Cut> cuts) {
-  const double length = m_raw[i].length();
   double from = 0.0;
-  const auto addPart = [&](double to) {
-    if (!(to > from)) return;
-    const bool isOpenCase = !m_strong.hasFallen() || !m_all.hasFallen();
-    const bool isClear = isOpenCase && isPartClear(i, from, to);
-    m_strong.addPart(isClear, length * (to - from));
-    m_all.addPart(isClear, length * (to - from));
-    from = to;
-  };
   for (const Cut& cut : cuts) {
-    addPart(cut.place.param);
-    m_all.cutAt(cut.place);
-    if (!cut.isWeak) m_strong.cutAt(cut.place);
+    judgePart(i, from, cut.place.param);
+    from = cut.place.param;
+    cutAt(m_all, cut.place);
+    if (!cut.isWeak) cutAt(m_strong, cut.place);
   }
-  addPart(1.0);
+  judgePart(i, from, 1.0);
+}
+
+void OffsetClipper::judgePart(std::size_t i, double from, double to) {
+  const bool isDecided = m_strong.hasFallen() && m_all.hasFallen();
+  if (isDecided || !(to > from) || isPartClear(i, from, to)) return;
+  m_strong.fall();
+  m_all.fall();
+}
+
+/// Crossings that rounding has parted leave an empty slice, a collapsed raw offset is one.
+void OffsetClipper::cutAt(SliceCollector& slices, const RawPlace& place) const {
+  const RawPlace& from = slices.from();
+  const auto isAtFrom = [&](const Vec& p) {
+    return distanceSqrd(p, from.point) <= kPointTolerance * kPointTolerance;
+  };
+  bool isEmpty = isAtFrom(place.point);
+  for (std::size_t i = from.segment; isEmpty && i < place.segment; ++i)
+    isEmpty = isAtFrom(m_raw[i].end);
+  slices.cutAt(place, isEmpty);
+}
+
+double OffsetClipper::keptLength(const SliceCollector& slices) const {
+  double sum = 0.0;
+  for (const Slice& slice : slices.kept()) {
+    for (std::size_t i = slice.from.segment; i < slice.to.segment; ++i)
+      sum += m_raw[i].length();
+    sum -= slice.from.param > 0.0 ? m_raw[slice.from.segment].length() * slice.from.param : 0.0;
+    sum += slice.to.param > 0.0 ? m_raw[slice.to.segment].length() * slice.to.param : 0.0;
+  }
+  return sum;
 }
 
 VertexChain OffsetClipper::chainOf(const Slice& slice) const {
@@ -287,10 +299,13 @@ std::vector<VertexChain> OffsetClipper::run() {
     walkSegment(i, std::span(m_cuts).subspan(first, next - first));
   }
   const RawPlace end{m_raw.size(), 0.0, m_clip.raw.points.back()};
-  m_strong.cutAt(end);
-  m_all.cutAt(end);
+  cutAt(m_strong, end);
+  cutAt(m_all, end);
 
-  const bool weakCutsHelp = m_strong.hasLost() && m_all.keptLength() > m_strong.keptLength();
+  const bool hasWeak =
+      std::any_of(m_cuts.begin(), m_cuts.end(), [](const Cut& cut) { return cut.isWeak; });
+  const bool weakCutsHelp =
+      hasWeak && m_strong.hasLost() && keptLength(m_all) > keptLength(m_strong);
   std::vector<VertexChain> chains;
   for (const Slice& slice : (weakCutsHelp ? m_all : m_strong).kept())
     chains.push_back(chainOf(slice));

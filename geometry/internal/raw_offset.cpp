@@ -27,14 +27,12 @@ TravelSegment straightenedIfSwallowed(const TravelSegment& segment, const Offset
 /// Parameter on `earlier` of the crossing with its follower that is not their shared vertex; -1
 /// when there is none. On an arc the parameter runs counter-clockwise.
 double secondCrossing(const TravelSegment& earlier, const TravelSegment& later) {
-  if (!earlier.isArc() && !later.isArc()) return -1.0;
-  const Meeting meeting = meetSegments(earlier, later);
-  for (int k = 0; k < meeting.count; ++k) {
-    const double travelled = earlier.paramOf(meeting.points[k]);
-    const double t = earlier.bulge < 0.0 ? 1.0 - travelled : travelled;
-    if (t > kSharedVertexParam && t < 1.0 - kSharedVertexParam) return t;
-  }
-  return -1.0;
+  const Meeting meeting = meetNeighbours(earlier, later, earlier.end);
+  if (meeting.count == 0) return -1.0;
+  const double travelled = earlier.paramOf(meeting.points[0]);
+  const double t = earlier.bulge < 0.0 ? 1.0 - travelled : travelled;
+  const bool isShared = !(t > kSharedVertexParam && t < 1.0 - kSharedVertexParam);
+  return isShared ? -1.0 : t;
 }
 
 /// Appends `segment` as one vertex, or as two when `follower` crosses it away from their vertex:

@@ -13,10 +13,6 @@ namespace {
 /// Where a place of the infinite line or full circle lies against the segment.
 enum class Place { onSegment, beyondEnd, beforeStart };
 
-bool isOnSegment(const TravelSegment& segment, const Vec& p) {
-  return distanceSqrdTo(segment, p) <= kCurveTolerance * kCurveTolerance;
-}
-
 void meetAt(OffsetPart& part, OffsetPart& follower, const Vec& p) {
   part.to = p;
   part.isCutAtEnd = true;
@@ -87,17 +83,22 @@ void joinLines(OffsetPart& part, OffsetPart& follower) {
 void joinWithArc(OffsetPart& part, OffsetPart& follower) {
   const TravelSegment& p = part.segment;
   const TravelSegment& f = follower.segment;
-  Meeting meeting = meetSegments(p, f);
-  if (meeting.count == 0) meeting = meetExtended(p, f);
-  if (meeting.count == 0) return round(part, follower);
-  Vec place = meeting.points[0];
-  if (meeting.count == 2 &&
-      distanceSqrd(meeting.points[1], follower.vertex) < distanceSqrd(place, follower.vertex)) {
-    place = meeting.points[1];
+  const Meeting extended = meetExtended(p, f);
+  if (extended.count == 0) return round(part, follower);
+  // A meeting on both goes before one beyond the ends, the nearer to the vertex before the other.
+  int best = 0;
+  bool isBestOnBoth = false;
+  for (int k = 0; k < extended.count; ++k) {
+    const Vec& place = extended.points[k];
+    const bool isOnBoth = holdsPlace(p, place) && holdsPlace(f, place);
+    const bool isNearer =
+        distanceSqrd(place, follower.vertex) < distanceSqrd(extended.points[best], follower.vertex);
+    if (k > 0 && (isOnBoth != isBestOnBoth ? isBestOnBoth : !isNearer)) continue;
+    best = k;
+    isBestOnBoth = isOnBoth;
   }
-  const bool isOnPart = isOnSegment(p, place);
-  const bool isOnFollower = isOnSegment(f, place);
-  if (isOnPart == isOnFollower) return meetAt(part, follower, place);
+  const Vec place = extended.points[best];
+  if (holdsPlace(p, place) == holdsPlace(f, place)) return meetAt(part, follower, place);
   if (p.isArc() && f.isArc()) return round(part, follower);
   connect(part, 0.0);
 }
@@ -108,6 +109,11 @@ double OffsetPart::bulge() const {
   if (!segment.isArc()) return 0.0;
   if (startsSigned && !isCutAtEnd) return signAtStart * std::abs(segment.bulge);
   if (!isCutAtStart && !isCutAtEnd) return segment.bulge;
+  if (segment.isWithinSweep(from) && segment.isWithinSweep(to)) {
+    const double skipped = segment.bulgeTo(segment.start, from);
+    const double reached = segment.bulgeTo(segment.start, to);
+    if (std::abs(reached) > std::abs(skipped)) return segment.bulgeTo(from, to);
+  }
   const double start = isCutAtStart ? segment.paramOf(from) : 0.0;
   const double end = isCutAtEnd ? segment.paramOf(to) : 1.0;
   return bulgeOfSweep(segment.sweep() * (end - start));

@@ -37,6 +37,18 @@ struct TravelSegment {
   /// Whether a place of the circle belongs to the arc, its ends included: the chord parts them.
   bool isWithinSweep(const Vec& p) const { return cross(end - start, p - start) * bulge <= 0.0; }
 
+  /// Bulge of the way on the circle of an arc, in its direction, from `p` to `q`. No angles are
+  /// formed: tan(a / 4) = sin(a / 2) / (1 + cos(a / 2)), and the chord gives both.
+  double bulgeTo(const Vec& p, const Vec& q) const {
+    const Vec chord = q - p;
+    const double apothem = cross(chord, center - p);  // times the chord
+    const double size = chord.length();
+    const double towards = bulge > 0.0 ? apothem : -apothem;
+    const double magnitude = size * size / (2.0 * (radius * size + towards));
+    if (!(size > 0.0)) return 0.0;
+    return bulge > 0.0 ? magnitude : -magnitude;
+  }
+
   Box box() const;
 
   /// The part between two parameters. Bounds against the travel give the reversed part.
