@@ -32,6 +32,9 @@ class QDR_API BoxIndex {
   BoxIndex(std::vector<Box> boxes, Order order);
 
   std::size_t size() const { return m_levels.empty() ? 0 : m_levels.front().count; }
+  /// Box `i` of an index in the given order.
+  const Box& boxAt(std::size_t i) const { return m_boxes[i]; }
+
   /// Bounds of all boxes; the empty box without any.
   Box bounds() const { return m_levels.empty() ? Box() : m_boxes.back(); }
 

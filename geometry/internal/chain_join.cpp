@@ -53,7 +53,7 @@ ChainJoiner::ChainJoiner(std::vector<VertexChain> chains) : m_chains(std::move(c
     ends.push_back(boxOfPoint(chain.points.front()));
     ends.push_back(boxOfPoint(chain.points.back()));
   }
-  m_ends = BoxIndex(std::move(ends), BoxIndex::Order::hilbert);
+  m_ends = BoxIndex(std::move(ends), BoxIndex::Order::given);
 }
 
 std::size_t ChainJoiner::earliestAt(const Vec& end) const {

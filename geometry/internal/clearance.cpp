@@ -51,10 +51,20 @@ Clearance::Clearance(std::vector<TravelSegment> source, double limit)
       m_limit(std::max(limit, 0.0)),
       m_limitSqrd(m_limit * m_limit) {}
 
-bool Clearance::isKeptBy(const TravelSegment& segment) const {
-  if (m_limit == 0.0) return true;
-  return m_index.forEachWithin(segment.box(), m_limit, [&](std::size_t j) {
-    return !isNearer(segment, m_source[j], m_limitSqrd);
+void Clearance::findNear(const TravelSegment& segment, std::vector<std::uint32_t>& near) const {
+  near.clear();
+  if (m_limit == 0.0) return;
+  m_index.forEachWithin(segment.box(), m_limit, [&](std::size_t j) {
+    near.push_back(static_cast<std::uint32_t>(j));
+    return true;
+  });
+}
+
+bool Clearance::isKeptBy(const TravelSegment& part, std::span<const std::uint32_t> near) const {
+  const Box box = part.box();
+  return std::none_of(near.begin(), near.end(), [&](std::uint32_t j) {
+    return m_index.boxAt(j).distanceSqrd(box) < m_limitSqrd &&
+           isNearer(part, m_source[j], m_limitSqrd);
   });
 }
 

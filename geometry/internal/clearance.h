@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -25,8 +26,12 @@ class Clearance {
   /// A `limit` not above 0 is kept by everything.
   Clearance(std::vector<TravelSegment> source, double limit);
 
-  /// True when every place of the segment is at least the limit away from the source.
-  bool isKeptBy(const TravelSegment& segment) const;
+  /// Fills `near` with the source segments that any part of `segment` may be too near to.
+  void findNear(const TravelSegment& segment, std::vector<std::uint32_t>& near) const;
+
+  /// True when every place of the part is at least the limit away from the source; `near` is what
+  /// findNear gave for the part or for the segment that it belongs to.
+  bool isKeptBy(const TravelSegment& part, std::span<const std::uint32_t> near) const;
 
   /// The standing of every segment; `index` holds their boxes in their order. Buried is told only
   /// where one source segment alone proves it.

@@ -1,7 +1,7 @@
 #include "geometry/internal/offset_slices.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdint>
 
 #include "geometry/box_index.h"
 #include "geometry/internal/bulge.h"
@@ -26,6 +26,15 @@ struct Cut {
   RawPlace place;
   bool isWeak = false;
 };
+
+bool isEarlier(const Cut& a, const Cut& b) {
+  if (a.place.segment != b.place.segment) return a.place.segment < b.place.segment;
+  return a.place.param < b.place.param;
+}
+
+bool boxesOverlap(const Box& a, const Box& b) {
+  return a.overlaps(b);
+}
 
 struct Slice {
   RawPlace from;
@@ -67,16 +76,22 @@ class OffsetClipper {
   std::vector<VertexChain> run();
 
  private:
+  /// Where a segment meets one of the other side.
+  struct OtherMeeting {
+    std::size_t segment;
+    Meeting meeting;
+  };
+
   bool areNeighbours(std::size_t i, std::size_t j) const;
-  bool isNearVertex(const Vec& p, std::size_t i) const;
-  void addCut(std::size_t i, const Vec& p, bool isShared);
-  void addSelfCuts(std::size_t i, std::size_t j);
-  void addOtherCuts(std::size_t i, std::size_t j);
-  void addEndCuts(std::size_t i);
+  bool isNearVertex(const Vec& p, std::span<const std::uint32_t> near) const;
+  void addCut(std::size_t i, const Vec& p, bool isWeak);
+  void addCuts(std::size_t i, const Meeting& meeting, std::span<const std::uint32_t> near);
+  void addSelfCuts(std::size_t i, std::size_t j, std::span<const std::uint32_t> near);
+  void addEndCuts(std::size_t i, std::span<const std::uint32_t> near);
   BoxIndex indexOfUnburied() const;
+  std::vector<OtherMeeting> meetingsWithOther(const BoxIndex& unburied) const;
   void collectCuts();
-  void sortCuts();
-  bool isPartClear(std::size_t i, double from, double to) const;
+  bool isPartClear(std::size_t i, double from, double to);
   void walkSegment(std::size_t i, std::span<const Cut> cuts);
   void judgePart(std::size_t i, double from, double to);
   void cutAt(SliceCollector& slices, const RawPlace& place) const;
@@ -93,6 +108,10 @@ class OffsetClipper {
   std::vector<Cut> m_cuts;
   SliceCollector m_strong;  // cut at strong places only
   SliceCollector m_all;     // cut at weak ones too
+
+  // What the parts of one segment may be too near to, found once for all of them.
+  std::size_t m_nearSourceOf = static_cast<std::size_t>(-1);
+  std::vector<std::uint32_t> m_nearSource;
 };
 
 OffsetClipper::OffsetClipper(const OffsetClip& clip)
@@ -112,21 +131,16 @@ bool OffsetClipper::areNeighbours(std::size_t i, std::size_t j) const {
   return apart == 1 || (m_isLoop && apart == m_raw.size() - 1);
 }
 
-bool OffsetClipper::isNearVertex(const Vec& p, std::size_t i) const {
+/// `near` holds every segment with a vertex near segment `i`.
+bool OffsetClipper::isNearVertex(const Vec& p, std::span<const std::uint32_t> near) const {
   constexpr double kReachSqrd = kMergeTolerance * kMergeTolerance;
-  const auto hasEndNear = [&](const TravelSegment& segment) {
-    return distanceSqrd(p, segment.start) <= kReachSqrd ||
-           distanceSqrd(p, segment.end) <= kReachSqrd;
-  };
-  if (hasEndNear(m_raw[i])) return true;
-  const Box around = boxOfPoint(p).inflated(kMergeTolerance);
-  return !m_rawIndex.forEachOverlap(around, [&](std::size_t j) { return !hasEndNear(m_raw[j]); });
+  return std::any_of(near.begin(), near.end(), [&](std::uint32_t j) {
+    return distanceSqrd(p, m_raw[j].start) <= kReachSqrd ||
+           distanceSqrd(p, m_raw[j].end) <= kReachSqrd;
+  });
 }
 
-/// `isShared` says that the crossing was found on two neighbours: near a vertex it is theirs.
-void OffsetClipper::addCut(std::size_t i, const Vec& p, bool isShared) {
-  const bool isWeak = isNearVertex(p, i);
-  if (isWeak && isShared) return;
+void OffsetClipper::addCut(std::size_t i, const Vec& p, bool isWeak) {
   const TravelSegment& segment = m_raw[i];
   const double t = std::clamp(segment.paramOf(p), 0.0, 1.0);
   Cut cut{{i, t, p}, isWeak};
@@ -141,76 +155,85 @@ void OffsetClipper::addCut(std::size_t i, const Vec& p, bool isShared) {
   m_cuts.push_back(cut);
 }
 
-void OffsetClipper::addSelfCuts(std::size_t i, std::size_t j) {
-  if (i == j) return;
-  const bool isShared = areNeighbours(i, j);
-  if (isShared && !m_raw[i].isArc() && !m_raw[j].isArc()) return;
+void OffsetClipper::addCuts(std::size_t i, const Meeting& meeting,
+                            std::span<const std::uint32_t> near) {
+  for (int k = 0; k < meeting.count; ++k)
+    addCut(i, meeting.points[k], isNearVertex(meeting.points[k], near));
+}
+
+void OffsetClipper::addSelfCuts(std::size_t i, std::size_t j, std::span<const std::uint32_t> near) {
+  if (i == j || m_standings[j].kind == Standing::buried) return;
   // In one order, so that both segments are cut at one place.
   const TravelSegment& a = m_raw[std::min(i, j)];
   const TravelSegment& b = m_raw[std::max(i, j)];
+  if (!areNeighbours(i, j)) return addCuts(i, meetSegments(a, b), near);
   const bool closesLoop = std::max(i, j) - std::min(i, j) > 1;
-  const Meeting meeting =
-      isShared ? meetNeighbours(a, b, closesLoop ? a.start : a.end) : meetSegments(a, b);
-  for (int k = 0; k < meeting.count; ++k)
-    addCut(i, meeting.points[k], isShared);
-}
-
-void OffsetClipper::addOtherCuts(std::size_t i, std::size_t j) {
-  const Meeting meeting = meetSegments(m_raw[i], m_other[j]);
-  for (int k = 0; k < meeting.count; ++k)
-    addCut(i, meeting.points[k], false);
+  const Meeting meeting = meetNeighbours(a, b, closesLoop ? a.start : a.end);
+  // Near a vertex a crossing of neighbours is the one that they share.
+  if (meeting.count > 0 && !isNearVertex(meeting.points[0], near))
+    addCut(i, meeting.points[0], false);
 }
 
 /// Round the ends of an open source the distance ends in a circle, which no raw offset follows.
-void OffsetClipper::addEndCuts(std::size_t i) {
+void OffsetClipper::addEndCuts(std::size_t i, std::span<const std::uint32_t> near) {
+  if (m_clip.sourceClosed || m_isLoop) return;
   const double reachSqrd = m_clip.distance * m_clip.distance;
   for (const Vec& end : {m_clip.sourcePoints.front(), m_clip.sourcePoints.back()}) {
-    if (m_raw[i].box().distanceSqrd(boxOfPoint(end)) > reachSqrd) continue;
-    const Meeting meeting = meetCircle(m_raw[i], end, m_clip.distance);
-    for (int k = 0; k < meeting.count; ++k)
-      addCut(i, meeting.points[k], false);
+    if (m_rawIndex.boxAt(i).distanceSqrd(boxOfPoint(end)) > reachSqrd) continue;
+    addCuts(i, meetCircle(m_raw[i], end, m_clip.distance), near);
   }
 }
 
-/// Only segments that are not buried are cut, and only by such: at a place too near to the source
-/// a cut decides nothing, because the slices on both of its sides fall.
+/// Boxes of the segments that are cut, with the margin within which vertices count as near. Only
+/// segments that are not buried are cut, and only by such: at a place too near to the source a cut
+/// decides nothing, because the slices on both of its sides fall.
 BoxIndex OffsetClipper::indexOfUnburied() const {
-  std::vector<Box> boxes = boxesOf(m_raw, kCurveTolerance);
+  std::vector<Box> boxes = boxesOf(m_raw, kMergeTolerance);
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     if (m_standings[i].kind == Standing::buried) boxes[i] = Box();
   }
   return BoxIndex(std::move(boxes), BoxIndex::Order::given);
 }
 
-void OffsetClipper::collectCuts() {
-  const bool someBuried = std::any_of(m_standings.begin(), m_standings.end(),
-                                      [](const Standing& s) { return s.kind == Standing::buried; });
-  const BoxIndex unburied = someBuried ? indexOfUnburied() : BoxIndex();
-  const BoxIndex& index = someBuried ? unburied : m_rawIndex;
+std::vector<OffsetClipper::OtherMeeting> OffsetClipper::meetingsWithOther(
+    const BoxIndex& unburied) const {
   const BoxIndex other(boxesOf(m_other, 0.0), BoxIndex::Order::given);
-  const auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
-  forEachNearPair(index, index, overlap, [this](std::size_t i, std::size_t j) {
-    addSelfCuts(i, j);
+  std::vector<OtherMeeting> meetings;
+  forEachNearPair(unburied, other, boxesOverlap, [&](std::size_t i, std::size_t j) {
+    const Meeting meeting = meetSegments(m_raw[i], m_other[j]);
+    if (meeting.count > 0) meetings.push_back({i, meeting});
     return true;
   });
-  forEachNearPair(index, other, overlap, [this](std::size_t i, std::size_t j) {
-    addOtherCuts(i, j);
+  return meetings;
+}
+
+/// Leaves the cuts in the order of places: segment after segment, sorted along each.
+void OffsetClipper::collectCuts() {
+  const BoxIndex unburied = indexOfUnburied();
+  const std::vector<OtherMeeting> others = meetingsWithOther(unburied);
+  auto other = others.begin();
+  std::vector<std::uint32_t> near;
+  std::size_t current = 0;
+  const auto finishSegment = [&] {
+    const auto first = static_cast<std::ptrdiff_t>(m_cuts.size());
+    for (const std::uint32_t j : near)
+      addSelfCuts(current, j, near);
+    for (; other != others.end() && other->segment == current; ++other)
+      addCuts(current, other->meeting, near);
+    addEndCuts(current, near);
+    std::stable_sort(m_cuts.begin() + first, m_cuts.end(), isEarlier);
+    near.clear();
+  };
+  forEachNearPair(unburied, m_rawIndex, boxesOverlap, [&](std::size_t i, std::size_t j) {
+    if (i != current && !near.empty()) finishSegment();
+    current = i;
+    near.push_back(static_cast<std::uint32_t>(j));
     return true;
   });
-  if (m_clip.sourceClosed || m_isLoop) return;
-  for (std::size_t i = 0; i < m_raw.size(); ++i) {
-    if (m_standings[i].kind != Standing::buried) addEndCuts(i);
-  }
+  if (!near.empty()) finishSegment();
 }
 
-void OffsetClipper::sortCuts() {
-  std::stable_sort(m_cuts.begin(), m_cuts.end(), [](const Cut& a, const Cut& b) {
-    if (a.place.segment != b.place.segment) return a.place.segment < b.place.segment;
-    return a.place.param < b.place.param;
-  });
-}
-
-bool OffsetClipper::isPartClear(std::size_t i, double from, double to) const {
+bool OffsetClipper::isPartClear(std::size_t i, double from, double to) {
   const Standing& standing = m_standings[i];
   if (standing.kind == Standing::buried) return false;
   const bool isWhole = from == 0.0 && to == 1.0;
@@ -220,7 +243,9 @@ bool OffsetClipper::isPartClear(std::size_t i, double from, double to) const {
   const TravelSegment part = m_raw[i].part(from, to);
   // A short part of a flat arc is straight: it may come nearer than the arc.
   if (standing.kind == Standing::clear && part.isArc() == m_raw[i].isArc()) return true;
-  return m_clearance.isKeptBy(part);
+  if (m_nearSourceOf != i) m_clearance.findNear(m_raw[i], m_nearSource);
+  m_nearSourceOf = i;
+  return m_clearance.isKeptBy(part, m_nearSource);
 }
 
 /// Takes one segment of the raw offset through both collectors. A part between two cuts is judged
@@ -290,7 +315,6 @@ VertexChain OffsetClipper::chainOf(const Slice& slice) const {
 
 std::vector<VertexChain> OffsetClipper::run() {
   collectCuts();
-  sortCuts();
   std::size_t next = 0;
   for (std::size_t i = 0; i < m_raw.size(); ++i) {
     const std::size_t first = next;
