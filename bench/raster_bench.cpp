@@ -57,7 +57,8 @@ void countLines(benchmark::State& state, std::size_t perRound) {
 }
 
 // The reference: integer Bresenham into a 32-bit buffer, no clipping, no pen, no mapping.
-void plainLine(qdr::Pixel* base, int stride, CPoint from, CPoint to, qdr::Pixel ink) {
+template <class Paint>
+void plainLine(qdr::Pixel* base, int stride, CPoint from, CPoint to, Paint paint) {
   const int dx = std::abs(to.x - from.x);
   const int dy = std::abs(to.y - from.y);
   const int stepX = to.x < from.x ? -1 : 1;
@@ -69,7 +70,7 @@ void plainLine(qdr::Pixel* base, int stride, CPoint from, CPoint to, qdr::Pixel 
   const int rise = dx >= dy ? dy : dx;
   int error = -length;
   for (int i = 0; i < length; ++i) {
-    *at = ink;
+    paint(*at);
     error += 2 * rise;
     if (error >= 0) {
       at += across;
@@ -79,15 +80,24 @@ void plainLine(qdr::Pixel* base, int stride, CPoint from, CPoint to, qdr::Pixel 
   }
 }
 
-void PlainBresenham(benchmark::State& state) {
+template <class Paint>
+void drawPlainly(benchmark::State& state, Paint paint) {
   Screen screen;
   const std::vector<Segment> segments = segmentsOf(static_cast<double>(state.range(0)), 10000);
   for (auto _ : state) {
     for (const Segment& s : segments)
-      plainLine(screen.pixels->row(0), kWidth, s.from, s.to, qdr::pixelOf(kInk));
+      plainLine(screen.pixels->row(0), kWidth, s.from, s.to, paint);
     benchmark::ClobberMemory();
   }
   countLines(state, segments.size());
+}
+
+void PlainBresenham(benchmark::State& state) {
+  drawPlainly(state, [](qdr::Pixel& pixel) { pixel = qdr::pixelOf(kInk); });
+}
+
+void PlainBresenhamExclusiveOr(benchmark::State& state) {
+  drawPlainly(state, [](qdr::Pixel& pixel) { pixel ^= kInk; });
 }
 
 void drawAll(benchmark::State& state, Screen& screen, const std::vector<Segment>& segments) {
@@ -212,6 +222,7 @@ void WholePictureCopies(benchmark::State& state) {
 
 BENCHMARK(PlainBresenham)->Arg(20)->Arg(726);
 BENCHMARK(ThinLines)->Arg(20)->Arg(726);
+BENCHMARK(PlainBresenhamExclusiveOr)->Arg(20)->Arg(726);
 BENCHMARK(ThinLinesExclusiveOr)->Arg(20)->Arg(726);
 BENCHMARK(ThinLinesMappedNewPenEach)->Arg(100)->Arg(10000)->Arg(1000000);
 BENCHMARK(DashedLines)->Args({20, 0})->Args({726, 0})->Args({20, 3});

@@ -14,10 +14,11 @@ using Row = EllipseRows::Row;
 template <class Visit>
 void forEachOutlineRun(const EllipseRows& rows, const CRect& clip, const Visit& visit) {
   const Row reach = rows.rowsWithin(clip);
+  Row before = rows.row(reach.first - 1);
+  Row row = rows.row(reach.first);
   for (std::int64_t y = reach.first; y <= reach.last; ++y) {
-    const Row row = rows.row(y);
-    if (row.isEmpty()) continue;
-    const Row outer = rows.row(static_cast<double>(y) < rows.centerY() ? y - 1 : y + 1);
+    const Row after = rows.row(y + 1);
+    const Row& outer = static_cast<double>(y) < rows.centerY() ? before : after;
     const std::int64_t leftEnd = outer.isEmpty() ? row.last : std::max(row.first, outer.first - 1);
     const std::int64_t rightStart =
         outer.isEmpty() ? row.first : std::min(row.last, outer.last + 1);
@@ -27,6 +28,8 @@ void forEachOutlineRun(const EllipseRows& rows, const CRect& clip, const Visit& 
       visit(row.first, leftEnd, y);
       visit(rightStart, row.last, y);
     }
+    before = row;
+    row = after;
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "platform/device_surface.h"
+#include "platform/internal/rounding.h"
 #include "platform/internal/span_painter.h"
 
 namespace qdr {
@@ -13,7 +14,10 @@ namespace qdr {
 class EllipseRows {
  public:
   EllipseRows(double centerX, double centerY, double halfWidth, double halfHeight)
-      : m_centerX(centerX), m_centerY(centerY), m_halfWidth(halfWidth), m_halfHeight(halfHeight) {}
+      : m_centerX(centerX),
+        m_centerY(centerY),
+        m_halfHeight(halfHeight),
+        m_widthPerHeight(halfWidth / halfHeight) {}
 
   struct Row {
     std::int64_t first = 0;
@@ -26,9 +30,8 @@ class EllipseRows {
     const double dy = static_cast<double>(y) - m_centerY;
     const double square = (m_halfHeight - dy) * (m_halfHeight + dy);
     if (!(square >= 0)) return {};
-    const double half = m_halfWidth * (std::sqrt(square) / m_halfHeight);
-    return {static_cast<std::int64_t>(std::ceil(m_centerX - half)),
-            static_cast<std::int64_t>(std::floor(m_centerX + half))};
+    const double half = std::sqrt(square) * m_widthPerHeight;
+    return {ceilToInt(m_centerX - half), floorToInt(m_centerX + half)};
   }
 
   /// Rows of the clip that the ellipse can reach, as [first, last].
@@ -40,8 +43,8 @@ class EllipseRows {
  private:
   double m_centerX;
   double m_centerY;
-  double m_halfWidth;
   double m_halfHeight;
+  double m_widthPerHeight;
 };
 
 /// Every pixel of the ellipse.

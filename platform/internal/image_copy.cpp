@@ -9,23 +9,36 @@ namespace {
 
 constexpr Pixel kOpaque = 0xff000000u;
 
-using Combine = Pixel (*)(Pixel destination, Pixel source);
+// Combines `count` pixels; the source is null for operations that read none.
+using CombineRow = void (*)(Pixel* target, const Pixel* source, std::size_t count);
+
+template <Pixel (*Combine)(Pixel destination, Pixel source)>
+void combineBoth(Pixel* target, const Pixel* source, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i)
+    target[i] = Combine(target[i], source[i]) | kOpaque;
+}
+
+template <Pixel (*Combine)(Pixel destination, Pixel source)>
+void combineAlone(Pixel* target, const Pixel*, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i)
+    target[i] = Combine(target[i], 0) | kOpaque;
+}
 
 struct ImageOperation {
   std::uint32_t rop;
   bool readsSource;
-  Combine combine;
+  CombineRow combine;
 };
 
 constexpr ImageOperation kOperations[] = {
-    {SRCCOPY, true, [](Pixel, Pixel s) { return s; }},
-    {SRCPAINT, true, [](Pixel d, Pixel s) { return d | s; }},
-    {SRCAND, true, [](Pixel d, Pixel s) { return d & s; }},
-    {SRCINVERT, true, [](Pixel d, Pixel s) { return d ^ s; }},
-    {NOTSRCCOPY, true, [](Pixel, Pixel s) { return ~s; }},
-    {DSTINVERT, false, [](Pixel d, Pixel) { return ~d; }},
-    {BLACKNESS, false, [](Pixel, Pixel) { return Pixel{0}; }},
-    {WHITENESS, false, [](Pixel, Pixel) { return ~Pixel{0}; }},
+    {SRCCOPY, true, combineBoth<[](Pixel, Pixel s) { return s; }>},
+    {SRCPAINT, true, combineBoth<[](Pixel d, Pixel s) { return d | s; }>},
+    {SRCAND, true, combineBoth<[](Pixel d, Pixel s) { return d & s; }>},
+    {SRCINVERT, true, combineBoth<[](Pixel d, Pixel s) { return d ^ s; }>},
+    {NOTSRCCOPY, true, combineBoth<[](Pixel, Pixel s) { return ~s; }>},
+    {DSTINVERT, false, combineAlone<[](Pixel d, Pixel) { return ~d; }>},
+    {BLACKNESS, false, combineAlone<[](Pixel, Pixel) { return Pixel{0}; }>},
+    {WHITENESS, false, combineAlone<[](Pixel, Pixel) { return ~Pixel{0}; }>},
 };
 
 const ImageOperation* operationOf(std::uint32_t rop) {
@@ -51,59 +64,45 @@ CRect intersection(const CRect& a, const CRect& b) {
           std::min(a.bottom, b.bottom)};
 }
 
-// Source columns of the target columns of an area; -1 where the source ends.
-std::vector<int> sourceColumns(const ImageTransfer& transfer, const CRect& area) {
+// Target columns that have a source column, and that column for each of them: source coordinates
+// rise or fall steadily, so those inside the source are neighbours.
+struct SourceColumns {
+  int first = 0;
   std::vector<int> columns;
-  columns.reserve(static_cast<std::size_t>(area.right - area.left));
-  for (int x = area.left; x < area.right; ++x) {
-    const std::int64_t column =
-        sourceCoordinate(x, transfer.to.left, transfer.to.right, transfer.from.left,
-                         transfer.from.right, transfer.mirrorX);
-    const bool exists = column >= 0 && column < transfer.source->width();
-    columns.push_back(exists ? static_cast<int>(column) : -1);
-  }
-  return columns;
-}
+  bool isStraight = true;  // each column is the one after the column before
 
-bool isStraight(const ImageTransfer& transfer) {
-  const auto side = [](LONG low, LONG high) { return std::int64_t{high} - low; };
-  return !transfer.mirrorX &&
-         side(transfer.to.left, transfer.to.right) == side(transfer.from.left, transfer.from.right);
-}
-
-void combineRow(Pixel* target, const Pixel* source, const std::vector<int>& columns,
-                Combine combine) {
-  for (const int column : columns) {
-    if (column >= 0) *target = combine(*target, source[column]) | kOpaque;
-    ++target;
+  SourceColumns(const ImageTransfer& transfer, const CRect& area) {
+    for (int x = area.left; x < area.right; ++x) {
+      const std::int64_t column =
+          sourceCoordinate(x, transfer.to.left, transfer.to.right, transfer.from.left,
+                           transfer.from.right, transfer.mirrorX);
+      if (column < 0 || column >= transfer.source->width()) continue;
+      if (columns.empty()) first = x;
+      if (!columns.empty() && column != columns.back() + 1) isStraight = false;
+      columns.push_back(static_cast<int>(column));
+    }
   }
-}
-
-void combineAlone(PixelBuffer& target, const CRect& area, Combine combine) {
-  for (int y = area.top; y < area.bottom; ++y) {
-    Pixel* row = target.row(y);
-    for (int x = area.left; x < area.right; ++x)
-      row[x] = combine(row[x], 0) | kOpaque;
-  }
-}
+};
 
 void combineWithSource(PixelBuffer& target, const PixelBuffer& source, const CRect& area,
-                       const ImageTransfer& transfer, Combine combine) {
-  const std::vector<int> columns = sourceColumns(transfer, area);
-  const bool plain = transfer.rop == SRCCOPY && isStraight(transfer) &&
-                     std::find(columns.begin(), columns.end(), -1) == columns.end();
+                       const ImageTransfer& transfer, CombineRow combine) {
+  const SourceColumns wanted(transfer, area);
+  const std::size_t count = wanted.columns.size();
+  if (count == 0) return;
+  std::vector<Pixel> gathered(wanted.isStraight ? 0 : count);
   for (int y = area.top; y < area.bottom; ++y) {
     const std::int64_t row =
         sourceCoordinate(y, transfer.to.top, transfer.to.bottom, transfer.from.top,
                          transfer.from.bottom, transfer.mirrorY);
     if (row < 0 || row >= source.height()) continue;
     const Pixel* sourceRow = source.row(static_cast<int>(row));
-    Pixel* targetRow = target.row(y) + area.left;
-    if (plain) {
-      std::copy_n(sourceRow + columns.front(), columns.size(), targetRow);
-    } else {
-      combineRow(targetRow, sourceRow, columns, combine);
+    const Pixel* pixels = sourceRow + wanted.columns.front();
+    if (!wanted.isStraight) {
+      for (std::size_t i = 0; i < count; ++i)
+        gathered[i] = sourceRow[wanted.columns[i]];
+      pixels = gathered.data();
     }
+    combine(target.row(y) + wanted.first, pixels, count);
   }
 }
 
@@ -115,7 +114,9 @@ bool copyImage(PixelBuffer& target, const CRect& clip, const ImageTransfer& tran
   const CRect area = intersection(clip, transfer.to);
   if (area.left >= area.right || area.top >= area.bottom) return true;
   if (!operation->readsSource) {
-    combineAlone(target, area, operation->combine);
+    for (int y = area.top; y < area.bottom; ++y)
+      operation->combine(target.row(y) + area.left, nullptr,
+                         static_cast<std::size_t>(area.right - area.left));
     return true;
   }
   const PixelBuffer& source = *transfer.source;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/internal/dash_cursor.h"
+#include "platform/internal/rounding.h"
 #include "platform/internal/span_painter.h"
 #include "platform/internal/thin_line.h"
 
@@ -31,6 +32,11 @@ struct MaskedPaint {
   void operator()(std::ptrdiff_t offset) const {
     if (mask->claim(static_cast<std::size_t>(offset))) base[offset] = op(base[offset]);
   }
+};
+
+// Steps over a gap.
+struct NoPaint {
+  void operator()(std::ptrdiff_t) const {}
 };
 
 bool boxMisses(CPoint a, CPoint b, const CRect& clip) {
@@ -64,8 +70,8 @@ class ThinStroker {
     paintSteps(walk, range.last - range.first, m_paint);
   }
 
-  // Draws the lengths that are on and leaves the cursor at the end of the segment.
-  void dashed(CPoint a, CPoint b, bool withEnd, double units, DashCursor& cursor) {
+  // Draws the lengths that are on; the cursor stays at the start of the segment.
+  void dashed(CPoint a, CPoint b, bool withEnd, double units, const DashCursor& cursor) {
     const ThinLine line(a, b);
     const std::int64_t end = line.length() + (withEnd ? 1 : 0);
     const StepRange range =
@@ -75,7 +81,6 @@ class ThinStroker {
           line.length() > 0 ? units / static_cast<double>(line.length()) : 1.0;
       dashedRange(line, range, unitsPerStep, cursor);
     }
-    cursor.advance(units);
   }
 
  private:
@@ -94,17 +99,20 @@ class ThinStroker {
     double reached = static_cast<double>(step) * unitsPerStep;
     cursor.advance(reached);
     const auto last = static_cast<double>(range.last);
+    const double stepsPerUnit = 1 / unitsPerStep;
+    ThinLine::Walk walk = line.walkFrom(range.first, m_stride);
     std::int64_t drawnTo = range.first;
     while (step < range.last) {
       reached += cursor.left();
-      const double end = std::min(last, std::ceil(reached / unitsPerStep - kStepSlack));
-      const std::int64_t next = std::max(step, static_cast<std::int64_t>(end));
+      const double end = std::min(last, reached * stepsPerUnit - kStepSlack);
+      const std::int64_t next = std::max(step, ceilToInt(end));
       if (cursor.isOn()) {
         const std::int64_t from = std::max(step, drawnTo);
-        drawnTo = std::min(range.last, std::max(next, step + 1));
-        if (from < drawnTo) {
-          ThinLine::Walk walk = line.walkFrom(from, m_stride);
-          paintSteps(walk, drawnTo - from, m_paint);
+        const std::int64_t to = std::min(range.last, std::max(next, step + 1));
+        if (from < to) {
+          paintSteps(walk, from - drawnTo, NoPaint());
+          paintSteps(walk, to - from, m_paint);
+          drawnTo = to;
         }
       }
       step = next;
@@ -138,8 +146,10 @@ void strokeDashed(ThinStroker<Paint>& stroker, const DeviceStroke& stroke, const
     const CPoint b = path.points[i + 1 == path.count ? 0 : i + 1];
     const double dx = (static_cast<double>(b.x) - a.x) * stroke.unitsPerPixelX;
     const double dy = (static_cast<double>(b.y) - a.y) * stroke.unitsPerPixelY;
-    const bool withEnd = path.withEnd && !path.closed && i + 1 == segments;
-    stroker.dashed(a, b, withEnd, std::hypot(dx, dy), cursor);
+    const double units = std::sqrt(dx * dx + dy * dy);
+    const bool isLast = i + 1 == segments;
+    stroker.dashed(a, b, path.withEnd && !path.closed && isLast, units, cursor);
+    if (!isLast) cursor.advance(units);
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/internal/dash_cursor.h"
 #include "platform/internal/ellipse_rows.h"
+#include "platform/internal/rounding.h"
 #include "platform/internal/span_painter.h"
 #include "platform/internal/visible_part.h"
 
@@ -19,30 +20,47 @@ struct Vector {
   double y = 0;
 };
 
-// A convex area; a pixel is in when its centre is, left and upper edges in, the others out.
-void fillConvex(const StrokePoint* points, int count, SpanPainter& painter) {
-  double low = points[0].y;
-  double high = points[0].y;
-  for (int i = 1; i < count; ++i) {
-    low = std::min(low, points[i].y);
-    high = std::max(high, points[i].y);
-  }
-  const double first = std::max<double>(painter.clip().top, std::ceil(low));
-  const double end = std::min<double>(painter.clip().bottom, std::ceil(high));
-  for (double y = first; y < end; ++y) {
+// A side of a convex area as x over y, between the rows it spans.
+struct Slope {
+  double low;
+  double high;
+  double x;
+  double y;
+  double perRow;
+
+  Slope(const StrokePoint& a, const StrokePoint& b)
+      : low(std::min(a.y, b.y)),
+        high(std::max(a.y, b.y)),
+        x(a.x),
+        y(a.y),
+        perRow(a.y == b.y ? 0 : (b.x - a.x) / (b.y - a.y)) {}
+
+  bool crosses(double row) const { return low <= row && row < high; }
+  double at(double row) const { return x + (row - y) * perRow; }
+};
+
+// A convex area of four corners, two of which may coincide; a pixel is in when its centre is, left
+// and upper edges in, the others out.
+void fillConvex(const StrokePoint (&corners)[4], SpanPainter& painter) {
+  const Slope slopes[] = {{corners[0], corners[1]},
+                          {corners[1], corners[2]},
+                          {corners[2], corners[3]},
+                          {corners[3], corners[0]}};
+  const double low = std::min({slopes[0].low, slopes[1].low, slopes[2].low, slopes[3].low});
+  const double high = std::max({slopes[0].high, slopes[1].high, slopes[2].high, slopes[3].high});
+  const std::int64_t first = std::max<std::int64_t>(painter.clip().top, ceilToInt(low));
+  const std::int64_t end = std::min<std::int64_t>(painter.clip().bottom, ceilToInt(high));
+  for (std::int64_t row = first; row < end; ++row) {
+    const auto y = static_cast<double>(row);
     double left = HUGE_VAL;
     double right = -HUGE_VAL;
-    for (int i = 0; i < count; ++i) {
-      const StrokePoint& a = points[i];
-      const StrokePoint& b = points[i + 1 == count ? 0 : i + 1];
-      if ((a.y <= y) == (b.y <= y)) continue;
-      const double x = a.x + (y - a.y) * (b.x - a.x) / (b.y - a.y);
+    for (const Slope& slope : slopes) {
+      if (!slope.crosses(y)) continue;
+      const double x = slope.at(y);
       left = std::min(left, x);
       right = std::max(right, x);
     }
-    if (left <= right)
-      painter.span(static_cast<std::int64_t>(std::ceil(left)),
-                   static_cast<std::int64_t>(std::ceil(right)) - 1, static_cast<std::int64_t>(y));
+    if (left <= right) painter.span(ceilToInt(left), ceilToInt(right) - 1, row);
   }
 }
 
@@ -75,7 +93,7 @@ class WideStroker {
                                {at.x + m_half, at.y - m_half},
                                {at.x + m_half, at.y + m_half},
                                {at.x - m_half, at.y + m_half}};
-    fillConvex(box, 4, m_painter);
+    fillConvex(box, m_painter);
   }
 
   void disc(StrokePoint at) { fillEllipse(EllipseRows(at.x, at.y, m_half, m_half), m_painter); }
@@ -105,7 +123,7 @@ class WideStroker {
                                {b.x + side.x, b.y + side.y},
                                {b.x - side.x, b.y - side.y},
                                {a.x - side.x, a.y - side.y}};
-    fillConvex(box, 4, m_painter);
+    fillConvex(box, m_painter);
     if (m_cap != PS_ENDCAP_ROUND) return;
     if (isStart) disc(a);
     if (isEnd) disc(b);
@@ -131,10 +149,10 @@ class WideStroker {
       const double stretch = 2 * m_half * m_half / square;
       const StrokePoint tip{at.x + sum.x * stretch, at.y + sum.y * stretch};
       const StrokePoint corner[] = {at, inner, tip, outer};
-      fillConvex(corner, 4, m_painter);
+      fillConvex(corner, m_painter);
     } else {
-      const StrokePoint corner[] = {at, inner, outer};
-      fillConvex(corner, 3, m_painter);
+      const StrokePoint corner[] = {at, inner, outer, at};
+      fillConvex(corner, m_painter);
     }
   }
 
