@@ -38,22 +38,22 @@ void appendColor(std::string& text, COLORREF color) {
 const char* capName(int style) {
   switch (style & PS_ENDCAP_MASK) {
     case PS_ENDCAP_SQUARE:
-      return "square";
+      return " stroke-linecap=\"square\"";
     case PS_ENDCAP_FLAT:
-      return "butt";
+      return " stroke-linecap=\"butt\"";
     default:
-      return "round";
+      return nullptr;
   }
 }
 
 const char* joinName(int style) {
   switch (style & PS_JOIN_MASK) {
     case PS_JOIN_BEVEL:
-      return "bevel";
+      return " stroke-linejoin=\"bevel\"";
     case PS_JOIN_MITER:
-      return "miter";
+      return " stroke-linejoin=\"miter\"";
     default:
-      return "round";
+      return nullptr;
   }
 }
 
@@ -73,7 +73,7 @@ std::string SvgSurface::document() {
   appendNumber(text, size().cx);
   text += ' ';
   appendNumber(text, size().cy);
-  text += "\" fill=\"none\">\n" + m_body;
+  text += "\" fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n" + m_body;
   if (m_inGroup) text += "</g>\n";
   return text + "</svg>\n";
 }
@@ -114,11 +114,10 @@ void SvgSurface::writeStroke(const VectorPen& pen, const VectorPath& path) {
   appendColor(m_body, pen.color);
   m_body += "\" stroke-width=\"";
   number(pen.width);
-  m_body += "\" stroke-linecap=\"";
-  m_body += capName(pen.style);
-  m_body += "\" stroke-linejoin=\"";
-  m_body += joinName(pen.style);
   m_body += '"';
+  // The root sets round caps and joins; a path names only others.
+  if (const char* cap = capName(pen.style)) m_body += cap;
+  if (const char* join = joinName(pen.style)) m_body += join;
   if (!pen.dashes.empty()) {
     m_body += " stroke-dasharray=\"";
     for (std::size_t i = 0; i < pen.dashes.size(); ++i) {

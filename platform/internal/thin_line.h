@@ -79,7 +79,7 @@ class ThinLine {
 };
 
 /// Paints `count` pixels of a walk and leaves it behind the last. `Paint` takes an offset. Both
-/// outcomes of a step are computed and one is chosen, so the direction of a line costs no jump.
+/// outcomes of a step are formed before one is chosen, which keeps the chain of a step short.
 template <class Paint>
 [[gnu::always_inline]] inline void paintSteps(ThinLine::Walk& walk, std::int64_t count,
                                               const Paint& paint) {

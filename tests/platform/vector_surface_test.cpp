@@ -21,10 +21,10 @@ qdr::VectorPage smallPage() {
 }
 
 std::string bodyOf(const std::string& document) {
-  const std::size_t start = document.find("fill=\"none\">\n");
+  const std::size_t start = document.find("\"round\">\n");
   const std::size_t end = document.rfind("</svg>");
   if (start == std::string::npos || end == std::string::npos) return "no document";
-  return document.substr(start + 13, end - start - 13);
+  return document.substr(start + 9, end - start - 9);
 }
 
 // Tags balance, and attribute values are quoted and free of markup.
@@ -66,10 +66,10 @@ TEST(Svg, StrokesOfOnePenBecomeOnePath) {
   const POINT points[] = {{0, 0}, {3, 0}, {3, 4}};
   dc.Polyline(points, 3);
   EXPECT_EQ(bodyOf(surface.document()),
-            "<path stroke=\"#ff0000\" stroke-width=\"2\" stroke-linecap=\"round\" "
-            "stroke-linejoin=\"round\" d=\"M0 0L10 5 20 5M1 1L2 2\"/>\n"
-            "<path stroke=\"#0000ff\" stroke-width=\"1\" stroke-linecap=\"round\" "
-            "stroke-linejoin=\"round\" d=\"M0 0L3 0 3 4\"/>\n");
+            "<path stroke=\"#ff0000\" stroke-width=\"2\" "
+            "d=\"M0 0L10 5 20 5M1 1L2 2\"/>\n"
+            "<path stroke=\"#0000ff\" stroke-width=\"1\" "
+            "d=\"M0 0L3 0 3 4\"/>\n");
 }
 
 TEST(Svg, DashesShapesFillsAndClips) {
