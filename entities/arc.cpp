@@ -1,7 +1,6 @@
 #include "entities/arc.h"
 
 #include <cmath>
-#include <iterator>
 #include <memory>
 
 #include "database/undo/undo_operations.h"
@@ -19,17 +18,6 @@ namespace {
 
 // From here on along the arc an edit takes the end, before it the start.
 constexpr double kMiddle = 0.5;
-
-// Of the first and the last crossing the one whose direction is nearer to an angle; the first in
-// a tie.
-double nearerAngle(double angle, const CQdrGePoint2d& center, const qdr::CrossingMap& crossings) {
-  const double first = center.angleTo(crossings.begin()->second);
-  const double last = center.angleTo(std::prev(crossings.end())->second);
-  const CQdrGeVector2d direction(angle);
-  const double toFirst = direction.angleTo(CQdrGeVector2d(first));
-  const double toLast = direction.angleTo(CQdrGeVector2d(last));
-  return toLast < toFirst ? last : first;
-}
 
 }  // namespace
 
@@ -206,9 +194,9 @@ bool CQdrDbArc::Extend(const CQdrGePoint2d& pick, std::vector<CQdrDbEntity*>& bo
   if (crossings.empty()) return false;
 
   if (qdr::paramOfPick(*this, pick) >= kMiddle)
-    moveEnd(nearerAngle(EndAngle(), Center(), crossings));
+    moveEnd(qdr::nearerDirection(EndAngle(), Center(), crossings));
   else
-    moveStart(nearerAngle(StartAngle(), Center(), crossings));
+    moveStart(qdr::nearerDirection(StartAngle(), Center(), crossings));
   return true;
 }
 

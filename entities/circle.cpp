@@ -1,6 +1,5 @@
 #include "entities/circle.h"
 
-#include <iterator>
 #include <memory>
 
 #include "database/undo/undo_operations.h"
@@ -94,18 +93,12 @@ CQdrDbEntity* CQdrDbCircle::Trim(const CQdrGePoint2d& pick, std::vector<CQdrDbEn
                                  double tol) {
   const qdr::CrossingMap crossings = qdr::boundaryCrossings(*this, boundaries, tol);
   if (crossings.size() < 2) return nullptr;
-  const auto first = crossings.begin();
-  const auto last = std::prev(crossings.end());
-  auto after = crossings.lower_bound(qdr::paramOfPick(*this, pick));
-  // Past the last crossing or before the first one, the part that goes runs over the start.
-  const bool wraps = after == crossings.end() || after == first;
-  const CQdrGePoint2d from = wraps ? last->second : std::prev(after)->second;
-  const CQdrGePoint2d to = wraps ? first->second : after->second;
+  const qdr::RingCut cut = qdr::chooseRingCut(crossings, qdr::paramOfPick(*this, pick));
 
   qdr::addUndo(*this, qdr::undoRecord(*this, qdr::kUndoErased));
   auto rest = std::make_unique<CQdrDbArc>(*this);
-  rest->setEndAngle(Center().angleTo(from));
-  rest->setStartAngle(Center().angleTo(to));
+  rest->setEndAngle(Center().angleTo(cut.from));
+  rest->setStartAngle(Center().angleTo(cut.to));
   setErased();
   return rest.release();
 }

@@ -9,6 +9,8 @@
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/drawn_box.h"
+#include "entities/ellipse.h"
+#include "entities/ellipse_arc.h"
 #include "entities/internal/entity_transforms.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/line.h"
@@ -75,6 +77,21 @@ qdr::DrawnBox pointDrawnBox(CQdrDbEntity& entity) {
   return box;
 }
 
+// What is drawn is a polygon within the ellipse; what is picked is the chain of arcs that stands
+// for it. The box holds both.
+qdr::DrawnBox ellipseDrawnBox(CQdrDbEntity& entity) {
+  const CQdrGeEntity2d* curve = static_cast<CQdrDbCurve&>(entity).curve();
+  CQdrGePoint2d min;
+  CQdrGePoint2d max;
+  static_cast<const CQdrGeEllipArc2d*>(curve)->polyline().getMinMaxpoint(min, max);
+  qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
+  box.minX = std::min(box.minX, min.x);
+  box.minY = std::min(box.minY, min.y);
+  box.maxX = std::max(box.maxX, max.x);
+  box.maxY = std::max(box.maxY, max.y);
+  return box;
+}
+
 // One row per class; what is left out of a row is null or false. A class joins the system here, and
 // its tests by a row in the contract of all entities.
 constexpr EntityClass kClasses[] = {
@@ -93,10 +110,21 @@ constexpr EntityClass kClasses[] = {
      .copy = copy<CQdrDbCircle>,
      .undo = qdr::playUndoRows<qdr::kCircleUndo>,
      .trimmable = true},
-    {.type = QdrDb::eClassEllipse, .status = kPlain, .bodyBytes = 124, .trimmable = true},
+    {.type = QdrDb::eClassEllipse,
+     .status = kPlain,
+     .bodyBytes = 124,
+     .make = make<CQdrDbEllipse>,
+     .copy = copy<CQdrDbEllipse>,
+     .undo = qdr::playUndoRows<qdr::kEllipseUndo>,
+     .drawnBox = ellipseDrawnBox,
+     .trimmable = true},
     {.type = QdrDb::eClassEllipseArc,
      .status = kPlain,
      .bodyBytes = 124,
+     .make = make<CQdrDbEllipseArc>,
+     .copy = copy<CQdrDbEllipseArc>,
+     .undo = qdr::playUndoRows<qdr::kEllipseArcUndo>,
+     .drawnBox = ellipseDrawnBox,
      .trimmable = true,
      .extendable = true},
     {.type = QdrDb::eClassLine,

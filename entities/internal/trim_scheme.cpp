@@ -44,6 +44,23 @@ TrimCut chooseCut(const CrossingMap& crossings, double pick) {
   return {.part = TrimPart::kMiddle, .before = *std::prev(after), .after = *after};
 }
 
+RingCut chooseRingCut(const CrossingMap& crossings, double pick) {
+  const auto first = crossings.begin();
+  const auto after = crossings.lower_bound(pick);
+  if (after == crossings.end() || after == first)
+    return {.from = std::prev(crossings.end())->second, .to = first->second};
+  return {.from = std::prev(after)->second, .to = after->second};
+}
+
+double nearerDirection(double angle, const CQdrGePoint2d& center, const CrossingMap& crossings) {
+  const double first = center.angleTo(crossings.begin()->second);
+  const double last = center.angleTo(std::prev(crossings.end())->second);
+  const CQdrGeVector2d direction(angle);
+  const double toFirst = direction.angleTo(CQdrGeVector2d(first));
+  const double toLast = direction.angleTo(CQdrGeVector2d(last));
+  return toLast < toFirst ? last : first;
+}
+
 tagUndoEditEntity undoRecord(const CQdrDbEntity& entity, int operation) {
   tagUndoEditEntity record;
   record.continued = 0;

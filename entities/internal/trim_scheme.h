@@ -42,6 +42,20 @@ struct TrimCut {
 /// exactly on the last takes the end.
 TrimCut chooseCut(const CrossingMap& crossings, double pick);
 
+/// The part of a closed curve that goes, counter-clockwise.
+struct RingCut {
+  CQdrGePoint2d from;
+  CQdrGePoint2d to;
+};
+
+/// The crossings on either side of parameter `pick`, of two or more. Past the last crossing, on the
+/// first or before it, the part that goes runs over the start of the curve.
+RingCut chooseRingCut(const CrossingMap& crossings, double pick);
+
+/// Of the first and the last crossing the one whose direction from `center` is nearer to `angle`;
+/// the first in a tie. There must be a crossing.
+double nearerDirection(double angle, const CQdrGePoint2d& center, const CrossingMap& crossings);
+
 /// A record of one change to an entity, the first of a user action.
 tagUndoEditEntity undoRecord(const CQdrDbEntity& entity, int operation);
 

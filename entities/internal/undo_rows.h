@@ -34,6 +34,8 @@ extern const UndoRow kLineUndo[1];
 extern const UndoRow kArcUndo[2];
 extern const UndoRow kCircleUndo[1];
 extern const UndoRow kRectUndo[1];
+extern const UndoRow kEllipseUndo[1];
+extern const UndoRow kEllipseArcUndo[2];
 
 /// The routine of a class whose steps are all of the common kind.
 bool undoNothing(CQdrUndoHandler& handler, bool redo);

@@ -8,6 +8,8 @@
 #include "database/entity_classes.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
+#include "entities/ellipse.h"
+#include "entities/ellipse_arc.h"
 #include "entities/line.h"
 #include "entities/point.h"
 #include "entities/rect.h"
@@ -37,6 +39,17 @@ const Builder kBuilders[] = {
     {"circle", 3,
      [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
        return std::make_unique<CQdrDbCircle>(CQdrGePoint2d(n[0], n[1]), n[2]);
+     }},
+    {"ellipse", 5,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbEllipse>(CQdrGePoint2d(n[0], n[1]), CQdrGeVector2d(n[2], n[3]),
+                                              n[4]);
+     }},
+    {"ellipsearc", 7,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbEllipseArc>(CQdrGePoint2d(n[0], n[1]),
+                                                 CQdrGeVector2d(n[2], n[3]), n[4],
+                                                 qdr::toRadians(n[5]), qdr::toRadians(n[6]));
      }},
     {"rect", 4,
      [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {

@@ -19,6 +19,8 @@ void readFrom(CQdrDbObject& object, const std::string& bytes);
 ///
 ///     line x1 y1 x2 y2         arc cx cy radius startDegrees endDegrees
 ///     circle cx cy radius      rect left top right bottom        point x y size
+///     ellipse cx cy majorX majorY ratio
+///     ellipsearc cx cy majorX majorY ratio startDegrees endDegrees
 ///
 /// It has passed through save and read, so whatever a file loses is lost. Null, with a failure of
 /// the running test, for a text that is none of these.
