@@ -1,6 +1,9 @@
 // qdr: works on drawings from the command line.
 
 #include <array>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
 #include <iostream>
 
 #include "database/file/drawing_scanner.h"
@@ -20,11 +23,22 @@ bool loadFile(const std::string& path, std::string& bytes) {
   return false;
 }
 
+bool saveFile(const std::string& path, const std::string& bytes) {
+  errno = 0;
+  std::ofstream file(path, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  if (file) return true;
+  reportTrouble(path, errno != 0 ? std::strerror(errno) : "cannot be written");
+  return false;
+}
+
 }  // namespace qdr_tools
 
 int main(int argc, char** argv) {
   using Verb = void (*)(CLI::App&, int&);
-  constexpr std::array<Verb, 2> kVerbs = {qdr_tools::addInfo, qdr_tools::addCheck};
+  constexpr std::array<Verb, 3> kVerbs = {qdr_tools::addInfo, qdr_tools::addCheck,
+                                          qdr_tools::addShape};
   CLI::App app{"Works on drawings from the command line.", "qdr"};
   app.require_subcommand(1);
   int exitCode = qdr_tools::kSound;

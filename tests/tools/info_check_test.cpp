@@ -1,36 +1,16 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
 #include "entities/line.h"
 #include "tests/support/drawing_bytes.h"
+#include "tests/tools/program.h"
 
 namespace {
 
-struct Answer {
-  int exitCode = -1;
-  std::string out;
-};
-
-// Runs the program; what it writes to standard error comes behind what it writes to standard out.
-Answer run(const std::string& arguments) {
-  const std::string command = std::string(QDR_BINARY_DIR) + "/tools/qdr " + arguments + " 2>&1";
-  Answer answer;
-  std::FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return answer;
-  std::array<char, 4096> buffer;
-  while (const std::size_t got = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-    answer.out.append(buffer.data(), got);
-  }
-  const int status = pclose(pipe);
-  answer.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return answer;
-}
+using qdr_test::Answer;
 
 class Program : public testing::Test {
  protected:
@@ -84,7 +64,7 @@ TEST_F(Program, ExitCodes) {
       {"--help", 0, "check"},
   };
   for (const Row& row : rows) {
-    const Answer answer = run(row.arguments);
+    const Answer answer = qdr_test::runQdr(row.arguments);
     EXPECT_EQ(answer.exitCode, row.exitCode) << row.arguments << "\n" << answer.out;
     EXPECT_NE(answer.out.find(row.says), std::string::npos) << row.arguments << "\n" << answer.out;
   }
@@ -93,12 +73,12 @@ TEST_F(Program, ExitCodes) {
 TEST_F(Program, JsonAnswers) {
   std::string broken = bytes;
   qdr_test::putNumber(broken, qdr_test::kFirstEntity + 17, std::uint64_t{1} << 50);
-  const Answer check = run("check --json " + written("broken.kov", broken));
+  const Answer check = qdr_test::runQdr("check --json " + written("broken.kov", broken));
   EXPECT_EQ(check.exitCode, 1);
   EXPECT_NE(check.out.find("\"kind\": \"missing reference\""), std::string::npos) << check.out;
   const std::string offset = std::to_string(qdr_test::kFirstEntity + 17);
   EXPECT_NE(check.out.find("\"offset\": " + offset), std::string::npos) << check.out;
-  const Answer info = run("info --json " + written("plan.kov", bytes));
+  const Answer info = qdr_test::runQdr("info --json " + written("plan.kov", bytes));
   EXPECT_EQ(info.exitCode, 0);
   // The box of the line from (-1, 2) to (3, 8).
   const std::string box =
