@@ -7,6 +7,7 @@
 
 #include "database/database.h"
 #include "entities/arc.h"
+#include "entities/box.h"
 #include "entities/circle.h"
 #include "entities/drawn_box.h"
 #include "entities/ellipse.h"
@@ -16,6 +17,7 @@
 #include "entities/line.h"
 #include "entities/point.h"
 #include "entities/rect.h"
+#include "entities/spiral.h"
 
 namespace {
 
@@ -147,7 +149,13 @@ constexpr EntityClass kClasses[] = {
      .bodyBytes = 44,
      .trimmable = true,
      .extendable = true},
-    {.type = QdrDb::eClassSpiral, .status = kCompound, .bodyBytes = 100, .explodable = true},
+    {.type = QdrDb::eClassSpiral,
+     .status = kCompound,
+     .bodyBytes = 100,
+     .make = make<CQdrDbSpiral>,
+     .copy = copy<CQdrDbSpiral>,
+     .undo = qdr::playUndoRows<qdr::kSpiralUndo>,
+     .explodable = true},
     {.type = QdrDb::eClassCobweb, .status = kPlain, .bodyBytes = 83, .explodable = true},
     {.type = QdrDb::eClassBlockInsert,
      .status = kCompound,
@@ -179,7 +187,12 @@ constexpr EntityClass kClasses[] = {
     {.type = QdrDb::eClassLeaderDimension, .status = kDimension, .bodyBytes = 662},
     {.type = QdrDb::eClassRadialDimension, .status = kDimension, .bodyBytes = 651},
     {.type = QdrDb::eClassVerticalDimension, .status = kDimension, .bodyBytes = 1274},
-    {.type = QdrDb::eClassBox, .status = kPlain, .bodyBytes = 83},
+    {.type = QdrDb::eClassBox,
+     .status = kPlain,
+     .bodyBytes = 83,
+     .make = make<CQdrDbBox>,
+     .copy = copy<CQdrDbBox>,
+     .undo = qdr::playUndoRows<qdr::kBoxUndo>},
     {.type = QdrDb::eClassSymbol, .status = kCompound, .bodyBytes = 306, .undo = qdr::undoNothing},
     {.type = QdrDb::eClassTextTable, .status = kHidden, .bodyBytes = 205},
 };

@@ -4,9 +4,11 @@
 
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
+#include "entities/box.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
 #include "entities/internal/undo_rows.h"
+#include "entities/spiral.h"
 
 namespace {
 
@@ -31,6 +33,23 @@ void swapEllipseAngle(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
     arc.SetEndAngle(former);
 }
 
+// Width in x, height in y.
+void swapBoxSize(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& box = static_cast<CQdrDbBox&>(entity);
+  const QdrXY stored = std::exchange(record.vector, QdrXY(box.Width(), box.Height()));
+  box.Set(CQdrGePoint2d(box.BasePoint()), stored.x, stored.y, box.Rotation());
+}
+
+// Maximum and minimum radius in `vector`, the pitch in `point`.
+void swapSpiralRadii(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& spiral = static_cast<CQdrDbSpiral&>(entity);
+  const QdrXY live(spiral.MaxRadius(), spiral.MinRadius());
+  const QdrXY radii = std::exchange(record.vector, live);
+  const double pitch = std::exchange(record.point.x, spiral.OffsetDist());
+  spiral.Set(spiral.DivNum(), CQdrGePoint2d(spiral.Center()), radii.x, radii.y, pitch,
+             spiral.StartAng(), spiral.Scale());
+}
+
 }  // namespace
 
 namespace qdr {
@@ -38,5 +57,7 @@ namespace qdr {
 const UndoRow kEllipseUndo[] = {{kUndoRadius, swapRadii<CQdrDbEllipse>}};
 const UndoRow kEllipseArcUndo[] = {{kUndoAngle, swapEllipseAngle},
                                    {kUndoRadius, swapRadii<CQdrDbEllipseArc>}};
+const UndoRow kBoxUndo[] = {{kUndoVertex, swapBoxSize}};
+const UndoRow kSpiralUndo[] = {{kUndoRadius, swapSpiralRadii}};
 
 }  // namespace qdr

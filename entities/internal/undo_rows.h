@@ -36,6 +36,8 @@ extern const UndoRow kCircleUndo[1];
 extern const UndoRow kRectUndo[1];
 extern const UndoRow kEllipseUndo[1];
 extern const UndoRow kEllipseArcUndo[2];
+extern const UndoRow kBoxUndo[1];
+extern const UndoRow kSpiralUndo[1];
 
 /// The routine of a class whose steps are all of the common kind.
 bool undoNothing(CQdrUndoHandler& handler, bool redo);

@@ -7,12 +7,14 @@
 
 #include "database/entity_classes.h"
 #include "entities/arc.h"
+#include "entities/box.h"
 #include "entities/circle.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
 #include "entities/line.h"
 #include "entities/point.h"
 #include "entities/rect.h"
+#include "entities/spiral.h"
 #include "geometry/angle.h"
 #include "platform/headless/memory_file.h"
 
@@ -50,6 +52,16 @@ const Builder kBuilders[] = {
        return std::make_unique<CQdrDbEllipseArc>(CQdrGePoint2d(n[0], n[1]),
                                                  CQdrGeVector2d(n[2], n[3]), n[4],
                                                  qdr::toRadians(n[5]), qdr::toRadians(n[6]));
+     }},
+    {"box", 5,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbBox>(CQdrGePoint2d(n[0], n[1]), n[2], n[3],
+                                          qdr::toRadians(n[4]));
+     }},
+    {"spiral", 7,
+     [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {
+       return std::make_unique<CQdrDbSpiral>(static_cast<int>(n[0]), CQdrGePoint2d(n[1], n[2]),
+                                             n[3], n[4], n[5], qdr::toRadians(n[6]), 1.0);
      }},
     {"rect", 4,
      [](const Numbers& n) -> std::unique_ptr<CQdrDbEntity> {

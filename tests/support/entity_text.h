@@ -21,6 +21,8 @@ void readFrom(CQdrDbObject& object, const std::string& bytes);
 ///     circle cx cy radius      rect left top right bottom        point x y size
 ///     ellipse cx cy majorX majorY ratio
 ///     ellipsearc cx cy majorX majorY ratio startDegrees endDegrees
+///     box x y width height degrees
+///     spiral chordsPerTurn cx cy maxRadius minRadius pitch startDegrees
 ///
 /// It has passed through save and read, so whatever a file loses is lost. Null, with a failure of
 /// the running test, for a text that is none of these.
