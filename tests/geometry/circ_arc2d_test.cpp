@@ -6,7 +6,7 @@
 #include "geometry/angle.h"
 #include "geometry/ellip_arc2d.h"
 #include "geometry/polyline2d.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

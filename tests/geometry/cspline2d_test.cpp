@@ -8,7 +8,7 @@
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/spline_curve.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "curve_contract.h"
+#include "tests/geometry/curve_contract.h"
 
 #include <cmath>
 #include <functional>
 #include <limits>
 #include <sstream>
 
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cctype>
 
-#include "curve_contract.h"
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/cspline2d.h"
@@ -10,8 +9,9 @@
 #include "geometry/rect2d.h"
 #include "geometry/spiral.h"
 #include "geometry/spline.h"
-#include "geometry_support.h"
-#include "polyline_support.h"
+#include "tests/geometry/curve_contract.h"
+#include "tests/geometry/geometry_support.h"
+#include "tests/geometry/polyline_support.h"
 
 // The standing suite of all curves: a class joins by rows here.
 

@@ -7,7 +7,7 @@
 #include "geometry/line3d.h"
 #include "geometry/plane.h"
 #include "geometry/polyline3d.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 // The segment and the chain in space.
 

@@ -3,7 +3,7 @@
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

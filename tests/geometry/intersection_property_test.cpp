@@ -6,7 +6,7 @@
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 // Crossings of random lines and arcs against a walk along one of them that looks for the places
 // where it changes sides of the other.

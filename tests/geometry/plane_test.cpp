@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "geometry/line3d.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 #include "geometry/tolerance.h"
-#include "polyline_support.h"
+#include "tests/geometry/polyline_support.h"
 
 namespace {
 

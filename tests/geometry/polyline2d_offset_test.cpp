@@ -11,7 +11,7 @@
 #include "geometry/internal/chain_join.h"
 #include "geometry/internal/raw_offset.h"
 #include "geometry/polyline2d.h"
-#include "polyline_support.h"
+#include "tests/geometry/polyline_support.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
 #include "platform/headless/memory_file.h"
-#include "polyline_support.h"
+#include "tests/geometry/polyline_support.h"
 
 namespace {
 

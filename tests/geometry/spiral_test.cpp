@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "geometry/angle.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "geometry/line2d.h"
 #include "geometry/point2d.h"
 #include "geometry/tolerance.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "geometry/angle.h"
 #include "geometry/plane.h"
 #include "geometry/point3d.h"
-#include "geometry_support.h"
+#include "tests/geometry/geometry_support.h"
 
 namespace {
 
