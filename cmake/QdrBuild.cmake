@@ -2,7 +2,9 @@
 
 find_program(QDR_CCACHE ccache)
 if(QDR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${QDR_CCACHE}")
+  # Relative paths in the cache, so that another clone finds what this one has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${QDR_CCACHE}")
 endif()
 
 # Flags of our own code: the language, hidden symbols, no contraction of a*b+c into one rounding.
