@@ -29,7 +29,7 @@ constexpr double kSideStep = 0.001;  // of the chord, from a segment to that pla
 constexpr COLORREF kSourceColor = 0x606060;
 constexpr COLORREF kMarkColor = 0x2020d0;
 constexpr COLORREF kOtherColor = 0x208020;
-constexpr COLORREF kPieceColors[] = {0xc06000, 0x2060d0, 0x208020, 0xa000a0, 0x008080};
+constexpr COLORREF kPieceColors[] = {0x2060d0, 0xc06000, 0x208020, 0xa000a0, 0x008080};
 
 struct Options {
   std::string shape;
@@ -184,7 +184,7 @@ int runOffset(const Options& options) {
   ShapePicture picture;
   picture.strokes.push_back({&shape, kSourceColor, true});
   for (const auto& piece : pieces) {
-    const std::size_t color = picture.strokes.size() % std::size(kPieceColors);
+    const std::size_t color = (picture.strokes.size() - 1) % std::size(kPieceColors);
     picture.strokes.push_back({piece.get(), kPieceColors[color], true});
   }
   if (const int trouble = savePicture(picture, options.picture)) return trouble;
