@@ -16,8 +16,11 @@
 #include "entities/internal/undo_rows.h"
 #include "entities/line.h"
 #include "entities/point.h"
+#include "entities/polyline.h"
 #include "entities/rect.h"
 #include "entities/spiral.h"
+#include "geometry/circ_arc2d.h"
+#include "geometry/tolerance.h"
 
 namespace {
 
@@ -94,6 +97,28 @@ qdr::DrawnBox ellipseDrawnBox(CQdrDbEntity& entity) {
   return box;
 }
 
+// An arc is drawn over any chord, those too short to count as segments in GetOutRect included.
+qdr::DrawnBox polylineDrawnBox(CQdrDbEntity& entity) {
+  qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
+  const CQdrGePolyline2d& chain = static_cast<CQdrDbPolyline&>(entity).geometry();
+  const std::vector<CQdrGePoint2d>& points = chain.points();
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const double bulge = chain.bulges()[i];
+    const CQdrGePoint2d& next = points[(i + 1) % points.size()];
+    const double chord = points[i].distanceTo(next);
+    // A bulge of up to 1 keeps the arc within half a chord, which the box has room for.
+    if (chord > qdr::kCoincidentTolerance || !(std::abs(bulge) > 1.0)) continue;
+    const double reach = chord * (1.0 + std::abs(bulge));
+    box.minX = std::min(box.minX, points[i].x - reach);
+    box.minY = std::min(box.minY, points[i].y - reach);
+    box.maxX = std::max(box.maxX, points[i].x + reach);
+    box.maxY = std::max(box.maxY, points[i].y + reach);
+  }
+  box.known = box.known && std::isfinite(box.minX) && std::isfinite(box.minY) &&
+              std::isfinite(box.maxX) && std::isfinite(box.maxY);
+  return box;
+}
+
 // One row per class; what is left out of a row is null or false. A class joins the system here, and
 // its tests by a row in the contract of all entities.
 constexpr EntityClass kClasses[] = {
@@ -140,6 +165,10 @@ constexpr EntityClass kClasses[] = {
     {.type = QdrDb::eClassPolyline,
      .status = kCompound,
      .bodyBytes = 49,
+     .make = make<CQdrDbPolyline>,
+     .copy = copy<CQdrDbPolyline>,
+     .undo = qdr::playUndoRows<qdr::kPolylineUndo>,
+     .drawnBox = polylineDrawnBox,
      .trimmable = true,
      .extendable = true,
      .explodable = true},

@@ -33,6 +33,7 @@ bool playUndoRows(CQdrUndoHandler& handler, bool redo) {
 extern const UndoRow kLineUndo[1];
 extern const UndoRow kArcUndo[2];
 extern const UndoRow kCircleUndo[1];
+extern const UndoRow kPolylineUndo[8];
 extern const UndoRow kRectUndo[1];
 extern const UndoRow kEllipseUndo[1];
 extern const UndoRow kEllipseArcUndo[2];

@@ -13,6 +13,7 @@
 #include "entities/ellipse_arc.h"
 #include "entities/line.h"
 #include "entities/point.h"
+#include "entities/polyline.h"
 #include "entities/rect.h"
 #include "entities/spiral.h"
 #include "geometry/angle.h"
@@ -75,6 +76,16 @@ const Builder kBuilders[] = {
      }},
 };
 
+// From x, y and bulge of each vertex. A bulge given for the closing segment counts.
+std::unique_ptr<CQdrDbEntity> polylineOf(const Numbers& n, bool closed) {
+  auto polyline = std::make_unique<CQdrDbPolyline>();
+  for (std::size_t i = 0; i + 2 < n.size(); i += 3)
+    polyline->AppendVertex({n[i], n[i + 1]}, n[i + 2], -1.0, -1.0);
+  polyline->SetClosed(closed);
+  polyline->SetBulgeAt(polyline->NumVerts() - 1, n.back());
+  return polyline;
+}
+
 std::unique_ptr<CQdrDbEntity> built(std::string_view text) {
   std::istringstream words{std::string(text)};
   std::string keyword;
@@ -82,6 +93,10 @@ std::unique_ptr<CQdrDbEntity> built(std::string_view text) {
   Numbers numbers;
   for (double number; words >> number;)
     numbers.push_back(number);
+  if (!numbers.empty() && numbers.size() % 3 == 0) {
+    if (keyword == "polyline") return polylineOf(numbers, false);
+    if (keyword == "loop") return polylineOf(numbers, true);
+  }
   for (const Builder& builder : kBuilders)
     if (builder.keyword == keyword && builder.count == numbers.size())
       return builder.build(numbers);
