@@ -173,6 +173,7 @@
 #include "hostcore/data_folder.h"
 #include "hostcore/drawing_host.h"
 #include "hostcore/host_answer.h"
+#include "hostcore/page.h"
 #include "hostcore/prompts.h"
 #include "hostcore/script_player.h"
 #include "hostcore/script_stage.h"

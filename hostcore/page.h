@@ -1,0 +1,14 @@
+#pragma once
+
+#include "hostcore/drawing_host.h"
+#include "platform/device_surface.h"
+#include "platform/export.h"
+
+namespace qdr {
+
+/// Draws what the view of a host shows onto a whole surface, background first, without grips. The
+/// surface takes over the window of the view; sides of other proportions stretch it, so the view
+/// has those of the surface.
+QDR_API void drawPage(DrawingHost& host, IDeviceSurface& surface, COLORREF background);
+
+}  // namespace qdr
