@@ -37,8 +37,9 @@ bool saveFile(const std::string& path, const std::string& bytes) {
 
 int main(int argc, char** argv) {
   using Verb = void (*)(CLI::App&, int&);
-  constexpr std::array<Verb, 3> kVerbs = {qdr_tools::addInfo, qdr_tools::addCheck,
-                                          qdr_tools::addShape};
+  constexpr std::array<Verb, 6> kVerbs = {qdr_tools::addRun,   qdr_tools::addRender,
+                                          qdr_tools::addThumb, qdr_tools::addInfo,
+                                          qdr_tools::addCheck, qdr_tools::addShape};
   CLI::App app{"Works on drawings from the command line.", "qdr"};
   app.require_subcommand(1);
   int exitCode = qdr_tools::kSound;

@@ -15,6 +15,9 @@ enum ExitCode : int {
 };
 
 /// Adds a verb. When the program runs it, its answer is in `exitCode`, which outlives `app`.
+void addRun(CLI::App& app, int& exitCode);
+void addRender(CLI::App& app, int& exitCode);
+void addThumb(CLI::App& app, int& exitCode);
 void addInfo(CLI::App& app, int& exitCode);
 void addCheck(CLI::App& app, int& exitCode);
 void addShape(CLI::App& app, int& exitCode);
