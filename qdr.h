@@ -139,6 +139,7 @@
 #include "entities/entity_cast.h"
 #include "entities/line.h"
 #include "entities/point.h"
+#include "entities/polyline.h"
 #include "entities/rect.h"
 #include "entities/return_struct.h"
 #include "entities/spiral.h"
