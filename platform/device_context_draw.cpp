@@ -3,8 +3,8 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/internal/arc_points.h"
 #include "platform/device_context.h"
+#include "platform/internal/arc_points.h"
 
 CPoint CDC::MoveTo(int x, int y) {
   const CPoint old = GetCurrentPosition();
