@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <vector>
@@ -100,9 +101,6 @@ void offsetShape(benchmark::State& state, Maker make, double distance, bool arcs
       std::unique_ptr<CQdrGePolyline2d>(static_cast<CQdrGePolyline2d*>(piece));
   }
   state.counters["pieces"] = static_cast<double>(pieces);
-  state.counters["ns_per_vertex"] = benchmark::Counter(
-      static_cast<double>(n) * 1e-9,
-      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 void sizes(benchmark::internal::Benchmark* bench) {

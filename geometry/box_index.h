@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <vector>
 
@@ -65,20 +66,47 @@ class QDR_API BoxIndex {
     return walkUnder(test, level, m_levels.size() - 1, 0, 1, visit);
   }
 
+  /// `from` to `to` are the kFan boxes, or fewer, under one parent. All are tested before any is
+  /// entered, without branches, and what will be read next is fetched meanwhile.
   template <class Test, class Visit>
   bool walkUnder(const Test& test, std::size_t target, std::size_t level, std::size_t from,
                  std::size_t to, Visit& visit) const {
     const Box* boxes = m_boxes.data() + m_levels[level].first;
-    for (std::size_t k = from; k < to; ++k) {
-      if (!test(boxes[k])) continue;
-      if (level > target) {
-        const std::size_t last = std::min((k + 1) * kFan, m_levels[level - 1].count);
-        if (!walkUnder(test, target, level - 1, k * kFan, last, visit)) return false;
-      } else if (!visit(nameOf(level, k))) {
-        return false;
+    unsigned passing = 0;
+    for (std::size_t k = from; k < to; ++k)
+      passing |= static_cast<unsigned>(test(boxes[k])) << (k - from);
+    if (level == target) {
+      for (; passing != 0; passing &= passing - 1) {
+        if (!visit(nameOf(level, from + firstBit(passing)))) return false;
       }
+      return true;
+    }
+    const Box* below = m_boxes.data() + m_levels[level - 1].first;
+    for (unsigned rest = passing; rest != 0; rest &= rest - 1) {
+      const std::size_t first = (from + firstBit(rest)) * kFan;
+      fetch(below + first, kFan * sizeof(Box));
+      if (level == 1 && !m_names.empty()) fetch(m_names.data() + first, sizeof(std::uint32_t));
+    }
+    for (; passing != 0; passing &= passing - 1) {
+      const std::size_t first = (from + firstBit(passing)) * kFan;
+      const std::size_t last = std::min(first + kFan, m_levels[level - 1].count);
+      if (!walkUnder(test, target, level - 1, first, last, visit)) return false;
     }
     return true;
+  }
+
+  static std::size_t firstBit(unsigned bits) {
+    return static_cast<std::size_t>(std::countr_zero(bits));
+  }
+
+  static void fetch(const void* data, std::size_t size) {
+#if defined(__GNUC__)
+    constexpr std::size_t kLine = 64;
+    for (std::size_t at = 0; at < size; at += kLine)
+      __builtin_prefetch(static_cast<const char*>(data) + at);
+#else
+    (void)data, (void)size;
+#endif
   }
 
   std::size_t nameOf(std::size_t level, std::size_t k) const {
@@ -114,13 +142,13 @@ void forEachNearPair(const BoxIndex& a, const BoxIndex& b, const Prune& prune, V
     b.walk([&](const Box& box) { return prune(bounds, box); }, 1, collect);
     const std::size_t last = std::min((group + 1) * kFan, a.size());
     for (std::size_t i = group * kFan; i < last; ++i) {
-      const Box& box = a.m_boxes[i];
-      bool goesOn = true;
-      for (std::size_t p = 0; goesOn && p < parents.size(); ++p) {
-        const std::size_t end = std::min((parents[p] + 1) * kFan, b.size());
-        for (std::size_t j = parents[p] * kFan; goesOn && j < end; ++j) {
-          if (prune(box, b.m_boxes[j])) goesOn = visit(a.nameOf(0, i), b.nameOf(0, j));
-        }
+      const auto visitPair = [&](std::size_t j) { return visit(a.nameOf(0, i), j); };
+      for (const std::size_t parent : parents) {
+        if (!prune(a.m_boxes[i], b.m_boxes[b.m_levels[1].first + parent])) continue;
+        const std::size_t first = parent * kFan;
+        const std::size_t end = std::min(first + kFan, b.size());
+        const auto isNear = [&](const Box& box) { return prune(a.m_boxes[i], box); };
+        if (!b.walkUnder(isNear, 0, 0, first, end, visitPair)) break;
       }
     }
   }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <vector>
+
 #include "geometry/internal/travel_segment.h"
 
 namespace qdr {
@@ -25,6 +29,16 @@ Meeting meetNeighbours(const TravelSegment& a, const TravelSegment& b, const Vec
 
 /// Whether a place of the infinite line or full circle belongs to the segment.
 bool holdsPlace(const TravelSegment& segment, const Vec& p);
+
+/// Where two of many segments meet.
+struct SegmentMeeting {
+  std::uint32_t first;  // the smaller index
+  std::uint32_t second;
+  Meeting meeting;
+};
+
+/// All places where two of the segments meet, each pair once, in the order of two loops.
+std::vector<SegmentMeeting> allMeetings(std::span<const TravelSegment> segments);
 
 /// Where a segment meets a full circle.
 Meeting meetCircle(const TravelSegment& segment, const Vec& center, double radius);
