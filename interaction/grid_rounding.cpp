@@ -4,8 +4,12 @@
 
 namespace qdr {
 
+bool isGridStep(double step) {
+  return step > 0.0 && std::isfinite(step);
+}
+
 double roundedToGrid(double value, double spacing) {
-  if (!(spacing > 0.0)) return value;
+  if (!isGridStep(spacing)) return value;
   const double whole = std::trunc(value / spacing) * spacing;
   const double rest = value - whole;
   if (!(std::abs(rest) > spacing / 2.0)) return whole;

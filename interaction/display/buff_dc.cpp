@@ -36,6 +36,11 @@ void CQdrBuffDC::ClearRect() {
   if (m_valid) m_memory.FillSolidRect(m_logicalRect, m_target.GetBkColor());
 }
 
+void CQdrBuffDC::scroll(CPoint position) {
+  m_logicalRect.OffsetRect(position.x, position.y);
+  ClearRect();
+}
+
 bool CQdrBuffDC::QdrBitBlt(CDC* dc, unsigned long rop) {
   if (!m_valid || !dc) return false;
   copyMapping(m_memory, *dc);
@@ -44,7 +49,9 @@ bool CQdrBuffDC::QdrBitBlt(CDC* dc, unsigned long rop) {
                     static_cast<std::uint32_t>(rop));
 }
 
-CQdrMemDC::CQdrMemDC(CDC& target, CWnd* window) : m_target(target), m_buffer(target, window) {}
+CQdrMemDC::CQdrMemDC(CDC& target, CWnd* window) : m_target(target), m_buffer(target, window) {
+  if (window && window->peer()) m_buffer.scroll(window->peer()->scrollPosition());
+}
 
 CQdrMemDC::~CQdrMemDC() {
   m_buffer.QdrBitBlt(&m_target, SRCCOPY);

@@ -23,6 +23,8 @@ class QDR_API CQdrBuffDC {
   bool QdrBitBlt(CDC* dc, unsigned long rop);
   /// Fills the picture with the background colour again.
   void ClearRect();
+  /// Shifts the part that is filled and copied.
+  void scroll(CPoint position);
   CWnd* GetWindow() const { return m_window; }
   bool isValid() const { return m_valid; }
 
@@ -37,7 +39,8 @@ class QDR_API CQdrBuffDC {
   CRect m_logicalRect;
 };
 
-/// The same over the scrolled view, copied to its target when it is destroyed.
+/// The same over a view, whose scrolled position shifts the picture; copied to its target when it
+/// is destroyed.
 class QDR_API CQdrMemDC {
  public:
   CQdrMemDC(CDC& target, CWnd* window);

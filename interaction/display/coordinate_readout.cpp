@@ -43,7 +43,7 @@ CString polar(const CQdrGeVector2d& vector) {
 CString onePoint(const QdrDbDrawingVars_tag& vars, const CQdrDbDisplayTableRecord& view,
                  const CPoint& device) {
   CQdrGePoint2d world = view.GetLogicalPoint(device);
-  if (vars.snapGrid != 0 && vars.gridSpacing > 0.0) {
+  if (vars.snapGrid != 0 && qdr::isGridStep(vars.gridSpacing)) {
     const CQdrGePoint2d last = lastSnapped();
     world.set(followed(world.x, last.x, vars.gridSpacing),
               followed(world.y, last.y, vars.gridSpacing));
@@ -56,14 +56,15 @@ CString onePoint(const QdrDbDrawingVars_tag& vars, const CQdrDbDisplayTableRecor
 CString twoPoints(const QdrDbDrawingVars_tag& vars, const CPoint& start, CPoint& current) {
   const CQdrGePoint2d from = qdr::toWorld(start);
   CQdrGePoint2d to = qdr::toWorld(current);
-  if (vars.snapGrid != 0 && vars.gridSpacing > 0.0) {
+  if (vars.snapGrid != 0 && qdr::isGridStep(vars.gridSpacing)) {
     to = qdr::roundedToGrid(to, vars.gridSpacing);
     current = qdr::toLogical(to);
   }
   if (vars.snapOrtho != 0) {
     const bool steep = std::abs(to.y - from.y) > std::abs(to.x - from.x);
     to.set(steep ? from.x : to.x, steep ? to.y : from.y);
-    current = qdr::toLogical(to);
+    // The start's own coordinate: a way through the world and back could miss it by one.
+    (steep ? current.x : current.y) = steep ? start.x : start.y;
   }
   return vars.polarReadout != 0 ? polar(to - from) : cartesian(to);
 }

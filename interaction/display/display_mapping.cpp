@@ -5,6 +5,7 @@
 #include "database/database.h"
 #include "entities/display_units.h"
 #include "interaction/display/display_table_record.h"
+#include "interaction/display/held_window.h"
 #include "platform/device_context.h"
 #include "platform/window.h"
 
@@ -26,8 +27,8 @@ CRect g_lastClientRect;
 
 // Moves opposite sides of a window outward by these ways.
 void widen(CRect& window, double dx, double dy) {
-  window = CRect(qdr::truncToInt(window.left - dx), qdr::truncToInt(window.top - dy),
-                 qdr::truncToInt(window.right + dx), qdr::truncToInt(window.bottom + dy));
+  window =
+      qdr::heldWindow(window.left - dx, window.top - dy, window.right + dx, window.bottom + dy);
 }
 
 CRect pageClient(const CDC& dc) {

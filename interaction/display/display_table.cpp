@@ -1,9 +1,21 @@
 #include "interaction/display/display_table.h"
 
+#include <memory>
+
 #include "database/database.h"
 
 CQdrDbDisplayTable::CQdrDbDisplayTable(CQdrDbDatabase* database) : TypedTable(database) {
   m_classType = QdrDb::eClassDisplayTable;
+}
+
+void CQdrDbDisplayTable::initDisplayTable() {
+  if (!m_database) return;
+  auto record = std::make_unique<CQdrDbDisplayTableRecord>(m_database);
+  record->setOwnerId(objectId());
+  record->setLimits(CQdrGePoint2d(m_database->m_vars.limitsMin.x, m_database->m_vars.limitsMin.y),
+                    CQdrGePoint2d(m_database->m_vars.limitsMax.x, m_database->m_vars.limitsMax.y));
+  CQdrDbDisplayTableRecord* const offered = record.get();
+  if (add(offered)) record.release();
 }
 
 bool CQdrDbDisplayTable::setCurrentRecord(const wchar_t* name) {

@@ -15,6 +15,10 @@ class QDR_API CQdrDbDisplayTable
  public:
   explicit CQdrDbDisplayTable(CQdrDbDatabase* database);
 
+  /// Makes a record over the limits of the drawing and offers it to the table, which takes records
+  /// with a name only: it comes to nothing. Views of a drawing are made with their blocks.
+  void initDisplayTable();
+
   /// Makes a record current; the one before becomes the previous one. False when there is no such
   /// record, and then nothing changes.
   bool setCurrentRecord(const wchar_t* name);

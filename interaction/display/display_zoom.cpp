@@ -7,24 +7,18 @@
 #include "entities/display_units.h"
 #include "geometry/vector2d.h"
 #include "interaction/display/display_table_record.h"
+#include "interaction/display/held_window.h"
 
 namespace {
 
 constexpr double kSmallestWindow = 1.0;  // world units
 constexpr double kLargestWindow = 1e7;
-constexpr double kLargestCoordinate = 2e9;  // logical units
-constexpr double kPanStep = 0.01;           // of the window, for one unit of a vector
-
-LONG heldCoordinate(double value) {
-  return qdr::truncToInt(std::clamp(value, -kLargestCoordinate, kLargestCoordinate));
-}
+constexpr double kPanStep = 0.01;  // of the window, for one unit of a vector
 
 }  // namespace
 
 void CQdrDbDisplayTableRecord::offsetWindow(double dx, double dy) {
-  m_logicalWindow = CRect(
-      heldCoordinate(m_logicalWindow.left + dx), heldCoordinate(m_logicalWindow.top + dy),
-      heldCoordinate(m_logicalWindow.right + dx), heldCoordinate(m_logicalWindow.bottom + dy));
+  m_logicalWindow = qdr::movedWindow(m_logicalWindow, dx, dy);
 }
 
 void CQdrDbDisplayTableRecord::ScaleUpDown(CDC* dc, CPoint focus, double scale, bool) {
@@ -36,10 +30,9 @@ void CQdrDbDisplayTableRecord::ScaleUpDown(CDC* dc, CPoint focus, double scale, 
   m_prevWindow = m_logicalWindow;
   const double x = m_logicalWindow.left + focus.x * m_scaleX;
   const double y = m_logicalWindow.bottom - focus.y * m_scaleY;
-  m_logicalWindow = CRect(heldCoordinate(x + (m_logicalWindow.left - x) * scale),
-                          heldCoordinate(y + (m_logicalWindow.top - y) * scale),
-                          heldCoordinate(x + (m_logicalWindow.right - x) * scale),
-                          heldCoordinate(y + (m_logicalWindow.bottom - y) * scale));
+  m_logicalWindow = qdr::heldWindow(
+      x + (m_logicalWindow.left - x) * scale, y + (m_logicalWindow.top - y) * scale,
+      x + (m_logicalWindow.right - x) * scale, y + (m_logicalWindow.bottom - y) * scale);
   MakeUpDisplayWindow(dc);
   Draw(dc);
 }
@@ -69,15 +62,18 @@ void CQdrDbDisplayTableRecord::ZoomWindow(CDC* dc, CRect rect) {
   const double least = m_database->m_vars.pickBoxSize * _dDispScale;
   if (rect.Width() < least && rect.Height() < least) return;
   m_prevWindow = m_logicalWindow;
-  m_logicalWindow = rect;
+  // A rectangle without a width or a height takes the proportions of the view from the other side.
+  m_logicalWindow = CRect(rect.left, rect.top, std::max(rect.right, rect.left + 1),
+                          std::max(rect.bottom, rect.top + 1));
   MakeUpDisplayWindow(dc);
   Draw(dc);
 }
 
 void CQdrDbDisplayTableRecord::setLogicalWindow(const QdrXY& min, const QdrXY& max) {
-  m_logicalWindow = CRect(heldCoordinate(min.x * _dDispScale), heldCoordinate(min.y * _dDispScale),
-                          heldCoordinate(max.x * _dDispScale), heldCoordinate(max.y * _dDispScale));
-  m_prevWindow = m_logicalWindow;
+  const CRect window = qdr::heldWindow(min.x * _dDispScale, min.y * _dDispScale,
+                                       max.x * _dDispScale, max.y * _dDispScale);
+  if (window.IsRectEmpty()) return;  // limits without an area show nothing
+  m_logicalWindow = m_prevWindow = window;
 }
 
 void CQdrDbDisplayTableRecord::ZoomExt() {
@@ -94,9 +90,9 @@ void CQdrDbDisplayTableRecord::ZoomAll() {
 void CQdrDbDisplayTableRecord::Onsize(int cx, int cy) {
   const double dx = (static_cast<double>(cx) - m_clientRect.Width()) * m_scaleX / 2.0;
   const double dy = (static_cast<double>(cy) - m_clientRect.Height()) * m_scaleY / 2.0;
-  m_logicalWindow = CRect(
-      heldCoordinate(m_logicalWindow.left - dx), heldCoordinate(m_logicalWindow.top - dy),
-      heldCoordinate(m_logicalWindow.right + dx), heldCoordinate(m_logicalWindow.bottom + dy));
+  const CRect window = qdr::heldWindow(m_logicalWindow.left - dx, m_logicalWindow.top - dy,
+                                       m_logicalWindow.right + dx, m_logicalWindow.bottom + dy);
+  if (!window.IsRectEmpty()) m_logicalWindow = window;
 }
 
 void CQdrDbDisplayTableRecord::MoveWindow(CDC* dc, const CPoint& point) {

@@ -113,6 +113,24 @@ TEST_F(Display, ZoomsAboutAPointWithinItsLimits) {
   EXPECT_GT(view.logicalWindow().Width(), 0) << "the window stays within 32 bits";
 }
 
+TEST_F(Display, WindowsKeepAnArea) {
+  // 20 units high and without a width: the proportions of the view give it 40.
+  view.ZoomWindow(dc(), CRect(5000, 2000, 5000, 4000));
+  EXPECT_EQ(view.logicalWindow(), CRect(3000, 2000, 7000, 4000));
+  vars().limitsMax.set(0, 0);
+  view.ZoomAll();
+  EXPECT_EQ(view.logicalWindow(), CRect(3000, 2000, 7000, 4000));
+  for (int i = 0; i < 3; ++i)
+    view.PanWindow(dc(), 2'000'000'000, -2'000'000'000);
+  EXPECT_EQ(view.logicalWindow(), CRect(1999996000, -2000000000, 2000000000, -1999998000));
+  vars().limitsMin.set(-1e9, -1e9);
+  vars().limitsMax.set(1e9, 1e9);
+  view.ZoomAll();
+  view.MakeUpDisplayWindow(dc());
+  EXPECT_GT(view.logicalWindow().Width(), 2'000'000'000);
+  EXPECT_GT(view.logicalWindow().Height(), 1'000'000'000);
+}
+
 TEST_F(Display, Pans) {
   view.PanWindow(dc(), 300, -200);
   EXPECT_EQ(view.logicalWindow(), CRect(300, -200, 20300, 9800));
@@ -189,8 +207,8 @@ TEST_F(Display, TwoPointFormWritesOrthoAndGridBack) {
     CPoint current;
     CPoint expected;
     const wchar_t* text;
+    CPoint start = {1000, 1000};
   };
-  const CPoint start(1000, 1000);
   const Row rows[] = {
       {"plain", false, false, false, {1725, 1310}, {1725, 1310}, L"17.250000, 13.100000"},
       {"grid", false, true, false, {1725, 1350}, {2000, 1000}, L"20.000000, 10.000000"},
@@ -204,6 +222,15 @@ TEST_F(Display, TwoPointFormWritesOrthoAndGridBack) {
       {"ortho along x", true, false, false, {1725, 1310}, {1725, 1000}, L"17.250000, 10.000000"},
       {"ortho along y", true, false, false, {1300, 1310}, {1000, 1310}, L"10.000000, 13.100000"},
       {"polar", false, false, true, {1000, 700}, {1000, 700}, L"3.000000 < 270.000000"},
+      // 0.29 * 100 is 28.999...: neither coordinate may go through the world and back.
+      {"ortho takes the start's own y",
+       true,
+       false,
+       false,
+       {57, 30},
+       {57, 29},
+       L"0.570000, 0.290000",
+       {29, 29}},
   };
   CStatic pane;
   vars().gridSpacing = 10.0;
@@ -212,7 +239,7 @@ TEST_F(Display, TwoPointFormWritesOrthoAndGridBack) {
     vars().snapGrid = row.grid;
     vars().polarReadout = row.polar;
     CPoint current = row.current;
-    CPoint from = start;
+    CPoint from = row.start;
     desk.drawing->SetCoordinate(nullptr, &pane, reinterpret_cast<WPARAM>(&from),
                                 reinterpret_cast<LPARAM>(&current));
     EXPECT_EQ(current, row.expected) << row.name;
