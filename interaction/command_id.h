@@ -47,21 +47,32 @@ enum TransFormOption : int {
   eTransformScale = 5
 };
 
+/// Answers of the input layer.
+enum InputResult : int {
+  InputLost = -1,       ///< the window lost the mouse capture
+  InputCancel = 0,      ///< Esc, Ctrl+C, right button, or an empty client rectangle
+  InputPick = 1,        ///< a point in the database's lastPoint, or entities
+  InputNumber = 3004,   ///< a plain number was typed
+  InputPoint = 3005,    ///< a point was typed; also in the database's lastPoint
+  InputKeyword = 3006,  ///< a keyword was pressed; the upper-case character
+  InputText = 3007,     ///< text that is neither number nor point
+  InputEnter = 3008     ///< Enter or Space on an empty buffer
+};
+
 }  // namespace QdrDb
 
 namespace qdr {
 
-/// Answers of the input layer.
-enum InputResult : int {
-  kInputLost = -1,       ///< the window lost the mouse capture
-  kInputCancel = 0,      ///< Esc, Ctrl+C, right button, or an empty client rectangle
-  kInputPick = 1,        ///< a point in the database's lastPoint, or entities
-  kInputNumber = 3004,   ///< a plain number was typed
-  kInputPoint = 3005,    ///< a point was typed; also in the database's lastPoint
-  kInputKeyword = 3006,  ///< a keyword was pressed; the upper-case character
-  kInputText = 3007,     ///< text that is neither number nor point
-  kInputEnter = 3008     ///< Enter or Space on an empty buffer
-};
+using QdrDb::InputResult;
+
+constexpr InputResult kInputLost = QdrDb::InputLost;
+constexpr InputResult kInputCancel = QdrDb::InputCancel;
+constexpr InputResult kInputPick = QdrDb::InputPick;
+constexpr InputResult kInputNumber = QdrDb::InputNumber;
+constexpr InputResult kInputPoint = QdrDb::InputPoint;
+constexpr InputResult kInputKeyword = QdrDb::InputKeyword;
+constexpr InputResult kInputText = QdrDb::InputText;
+constexpr InputResult kInputEnter = QdrDb::InputEnter;
 
 /// True for every answer that goes on with the command.
 inline bool accepted(int result) {
