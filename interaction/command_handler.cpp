@@ -5,6 +5,7 @@
 
 #include "database/database.h"
 #include "entities/entity.h"
+#include "interaction/held_entities.h"
 #include "interaction/input_loop.h"
 #include "interaction/trackers/entity_tracker.h"
 #include "platform/window.h"
@@ -156,8 +157,16 @@ void CQdrCommandHandler::DeleteTracker(CQdrDbEntity* entity) {
   m_graveyard.push_back(tracker);
 }
 
+void CQdrCommandHandler::redrawMarks() {
+  if (m_blipShown) DrawBlip(m_blipPoint, m_database->screenDC(), 0);
+  for (const qdr::InputLoop* input : m_inputs)
+    input->drawMarks();
+}
+
 void CQdrCommandHandler::forgetEntities(const qdr::EntitySet& gone) {
   if (gone.contains(qdr::asObject(m_lastEntity))) m_lastEntity = nullptr;
+  for (qdr::HeldEntities* held : m_held)
+    held->forget(gone);
   for (CQdrDbEntityTracker* tracker : std::vector(m_trackers)) {
     CQdrDbEntity* const entity = tracker->GetEntity();
     if (!gone.contains(qdr::asObject(entity))) continue;
@@ -166,4 +175,7 @@ void CQdrCommandHandler::forgetEntities(const qdr::EntitySet& gone) {
     tracker->retire();
     m_graveyard.push_back(tracker);
   }
+  // One that a command made stands in no list of the handler.
+  CQdrDbEntityTracker* const running = m_database ? m_database->currentTracker() : nullptr;
+  if (running) running->forgetEntities(gone);
 }

@@ -22,6 +22,11 @@ class CQdrDbEntity;
 class CQdrDbEntityTracker;
 class CWnd;
 
+namespace qdr {
+class HeldEntities;
+class InputLoop;
+}  // namespace qdr
+
 /// Commands, prompts, typed input and grips of one drawing.
 ///
 /// A command is one call that blocks, step by step, in message loops inside its input calls, until
@@ -161,14 +166,14 @@ class QDR_API CQdrCommandHandler {
   void RemoveTracker(CQdrDbEntityTracker* tracker);
   /// Drops the grips of an entity, if it has any, and takes them off the screen.
   void DeleteTracker(CQdrDbEntity* entity);
-  /// Lets go of entities that are about to be deleted.
+  /// Lets go of entities that are about to be deleted, whoever holds them for a running command.
   void forgetEntities(const qdr::EntitySet& gone);
+  void hold(qdr::HeldEntities& entities) { m_held.push_back(&entities); }
+  void letGo(qdr::HeldEntities& entities) { std::erase(m_held, &entities); }
 
   CQdrDbEntity* lastEntity() const { return m_lastEntity; }
-  void setLastEntity(CQdrDbEntity* entity) { m_lastEntity = entity; }
   /// Key held at the last pick of a tracker: 0 none, 1 Ctrl, 2 Shift, 3 Alt.
   int clickModifier() const { return m_clickModifier; }
-  void setClickModifier(int modifier) { m_clickModifier = modifier; }
   void readClickModifier();
 
   // Depth of running commands and loops.
@@ -178,8 +183,12 @@ class QDR_API CQdrCommandHandler {
   /// Inputs that have ended so far: a key that leaves the count alone ended none, and the input
   /// that took it still waits.
   unsigned long inputsEnded() const { return m_inputsEnded; }
-  void countEndedInput() { ++m_inputsEnded; }
   void leave();
+  /// The loops that run, innermost last.
+  void beginInput(qdr::InputLoop& loop) { m_inputs.push_back(&loop); }
+  void endInput() { m_inputs.pop_back(), ++m_inputsEnded; }
+  /// Draws the marks of the running inputs again, once a paint of the screen has wiped them off.
+  void redrawMarks();
   /// Makes the innermost running loop answer 0.
   void RequestCancel() { m_cancelRequested = m_depth > 0; }
   bool takeCancelRequest();
@@ -216,6 +225,7 @@ class QDR_API CQdrCommandHandler {
   std::vector<CQdrDbEntityTracker*> m_graveyard;
   bool m_blipShown = false;
   int m_blipKind = 0;
+  CQdrGePoint2d m_blipPoint;
   int m_clickModifier = 0;
   CString m_inputText;
   HCURSOR m_selCursor = nullptr;
@@ -236,6 +246,8 @@ class QDR_API CQdrCommandHandler {
   unsigned long m_lastCommand = 0;
   int m_depth = 0;
   unsigned long m_inputsEnded = 0;
+  std::vector<qdr::InputLoop*> m_inputs;
+  std::vector<qdr::HeldEntities*> m_held;
   bool m_cancelRequested = false;
   bool m_quitting = false;
 };

@@ -4,6 +4,7 @@
 #include "entities/entity.h"
 #include "interaction/command_handler.h"
 #include "interaction/display/display_table_record.h"
+#include "interaction/held_entities.h"
 #include "interaction/input_loop.h"
 #include "interaction/trackers/selection_tracker.h"
 #include "platform/window.h"
@@ -59,11 +60,12 @@ bool CQdrCommandHandler::pickEntity(CPoint device, CQdrDbEntity*& entity,
 int CQdrCommandHandler::GetEntities(int prompt, std::set<CQdrDbEntity*>* entities) {
   if (m_quitting || !m_database || !m_dispWindow || !entities) return qdr::kInputCancel;
   CQdrDbSelectionTracker tracker(m_dispWindow, m_database, L' ');
+  const qdr::HeldEntities held(*this, *entities);
   SetPrompt(prompt);
   for (;;) {
     const std::set<CQdrDbEntity*>* const picked = tracker.Track(m_dispWindow, CPoint(0, 0));
     if (!picked || picked->empty()) {
-      if (m_quitting) return qdr::kInputCancel;
+      if (tracker.wasCancelled()) return qdr::kInputCancel;
       return entities->empty() ? qdr::kInputLost : qdr::kInputPick;
     }
     for (CQdrDbEntity* entity : *picked) {

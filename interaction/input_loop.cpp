@@ -26,12 +26,13 @@ DepthScope::~DepthScope() {
 InputLoop::InputLoop(CQdrCommandHandler& handler, CWnd& window, Capture capture)
     : m_handler(handler), m_window(window), m_capture(capture) {
   m_handler.enter();
+  m_handler.beginInput(*this);
   m_window.SetCapture();
 }
 
 InputLoop::~InputLoop() {
   if (CWnd::GetCapture() == &m_window) ReleaseCapture();
-  m_handler.countEndedInput();
+  m_handler.endInput();
   m_handler.leave();
 }
 

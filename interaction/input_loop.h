@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "platform/device_context.h"
 #include "platform/input.h"
 #include "platform/points.h"
@@ -64,6 +67,13 @@ class InputLoop {
   /// Why next answered false.
   End end() const { return m_end; }
 
+  /// What the input has drawn on the screen by exclusive-or: called once a paint has wiped it off,
+  /// as a wheel or pan step does that the loop dispatches.
+  void setMarks(std::function<void()> draw) { m_drawMarks = std::move(draw); }
+  void drawMarks() const {
+    if (m_drawMarks) m_drawMarks();
+  }
+
   static void translate(const MSG& message);
   static void dispatch(const MSG& message);
 
@@ -72,6 +82,7 @@ class InputLoop {
   CWnd& m_window;
   Capture m_capture;
   End m_end = End::none;
+  std::function<void()> m_drawMarks;
 };
 
 /// Shows a cursor for a scope; null leaves the one there is.

@@ -14,6 +14,7 @@
 #include "geometry/tolerance.h"
 #include "interaction/command_handler.h"
 #include "interaction/display/display_table_record.h"
+#include "interaction/grid_rounding.h"
 
 namespace {
 
@@ -70,7 +71,7 @@ class SnapSearch {
  private:
   void gridNode() {
     const double step = m_vars.gridSpacing / (m_vars.gridDivisions + 1);
-    if (!(step > 0.0)) return;
+    if (!qdr::isGridStep(step)) return;
     CQdrGePoint2d node;
     node.set(nearestNode(m_point.x, step), nearestNode(m_point.y, step));
     if (std::abs(node.x - m_point.x) > m_aperture) return;
@@ -187,6 +188,7 @@ bool CQdrCommandHandler::CheckSnapPoint(CQdrGePoint2d& previous, CQdrGePoint2d& 
   previous = snap.point;
   out = snap.point;
   DrawBlip(out, m_database->screenDC(), snap.kind);
+  m_blipPoint = out;
   m_blipShown = true;
   return true;
 }

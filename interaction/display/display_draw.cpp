@@ -64,6 +64,7 @@ void CQdrDbDisplayTableRecord::Draw(CDC* dc) {
   DrawEntities(picture);
   if (m_database) m_database->m_commandHandler.TrackerDraw(picture);
   buffer->QdrBitBlt(dc, SRCCOPY);
+  if (m_database && dc == m_database->screenDC()) m_database->m_commandHandler.redrawMarks();
 }
 
 void CQdrDbDisplayTableRecord::refreshDisplayedIds() {

@@ -52,6 +52,9 @@ bool CQdrDbDisplayTrecker::TrackHandle(CWnd* window, CPoint device) {
   InputLoop loop(m_db->m_commandHandler, *window);
   const qdr::PenScope pen(m_dc, m_pen);
   const qdr::RasterScope raster(m_dc, R2_XORPEN);
+  loop.setMarks([this] {
+    if (m_rubberShown) DrawRubber();
+  });
   MSG message;
   while (loop.next(message)) {
     if (message.message == WM_MOUSEMOVE) {

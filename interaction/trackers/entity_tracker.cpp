@@ -1,5 +1,6 @@
 #include "interaction/trackers/entity_tracker.h"
 
+#include <cmath>
 #include <cstddef>
 #include <utility>
 
@@ -34,6 +35,25 @@ void drawFrame(CDC& dc, const CRect& rect) {
   dc.LineTo(rect.left, rect.top);
 }
 
+// Names a tracker as the one that runs, also when an exception passes through its loop.
+class CurrentTracker {
+ public:
+  CurrentTracker(CQdrDbDatabase* database, CQdrDbEntityTracker& tracker) : m_database(database) {
+    if (!m_database) return;
+    m_former = m_database->currentTracker();
+    m_database->setCurrentTracker(&tracker);
+  }
+  ~CurrentTracker() {
+    if (m_database) m_database->setCurrentTracker(m_former);
+  }
+  CurrentTracker(const CurrentTracker&) = delete;
+  CurrentTracker& operator=(const CurrentTracker&) = delete;
+
+ private:
+  CQdrDbDatabase* m_database;
+  CQdrDbEntityTracker* m_former = nullptr;
+};
+
 }  // namespace
 
 CQdrDbEntityTracker::CQdrDbEntityTracker(CWnd* window) : m_window(window) {}
@@ -52,6 +72,10 @@ CQdrDbEntityTracker::CQdrDbEntityTracker(CWnd* window, CQdrDbEntity* entity,
       m_createMode(create) {
   SetDefault();
 }
+
+CQdrDbEntityTracker::CQdrDbEntityTracker(CWnd* window, std::vector<CQdrDbObjectId>*,
+                                         QdrDb::TransFormOption option)
+    : m_window(window), m_transOpt(option) {}
 
 CQdrDbEntityTracker::~CQdrDbEntityTracker() {
   if (!m_createMode && m_trackerType != eTrackMulti) takeGripsOff();
@@ -84,10 +108,18 @@ void CQdrDbEntityTracker::retire() {
   m_finished = true;
 }
 
+void CQdrDbEntityTracker::forgetEntities(const qdr::EntitySet& gone) {
+  if (gone.contains(qdr::asObject(m_prevEntity))) m_prevEntity = nullptr;
+  if (gone.contains(qdr::asObject(m_entity))) retire();
+}
+
 void CQdrDbEntityTracker::DrawGripBox(bool redraw) {
   if (!m_dc || !m_entity) return;
   if (!m_entity->getGripPointVec(m_gripPoints) || !m_gripPoints || m_gripPoints->empty()) return;
-  if (redraw) m_entity->UnDraw(m_dc);
+  if (redraw) {
+    const qdr::RasterScope plain(m_dc, R2_COPYPEN);
+    m_entity->UnDraw(m_dc);
+  }
   const qdr::RasterScope raster(m_dc, R2_XORPEN);
   m_entity->HighlightDraw(m_dc);
   m_gripsDrawn = DrawBoxis();
@@ -102,6 +134,7 @@ void CQdrDbEntityTracker::UnDrawGripBox() {
     m_entity->HighlightDraw(m_dc);
   }
   m_gripsDrawn = false;
+  const qdr::RasterScope plain(m_dc, R2_COPYPEN);
   m_entity->Draw(m_dc);
 }
 
@@ -171,30 +204,34 @@ void CQdrDbEntityTracker::eraseRubber() {
 
 void CQdrDbEntityTracker::SetStartPoint(const CQdrGePoint2d& worldPoint, bool alsoEnd) {
   m_rubberStart = qdr::toLogical(worldPoint);
+  m_exactStart = worldPoint;
   if (!alsoEnd) return;
   m_rubberEnd = m_rubberStart;
   m_currentPoint = m_rubberStart;
+  m_exactEnd.reset();
 }
 
 void CQdrDbEntityTracker::SetPos(const CQdrGePoint2d& worldPoint) {
   m_currentPoint = qdr::toLogical(worldPoint);
   m_rubberEnd = m_currentPoint;
+  m_exactEnd = worldPoint;
 }
 
 CQdrGePoint2d CQdrDbEntityTracker::GetPos() const {
-  return qdr::toWorld(m_currentPoint);
+  return m_exactEnd.value_or(qdr::toWorld(m_currentPoint));
 }
 
 CQdrGePoint2d CQdrDbEntityTracker::startWorld() const {
-  return qdr::toWorld(m_rubberStart);
+  return m_exactStart.value_or(qdr::toWorld(m_rubberStart));
 }
 
 CQdrGePoint2d CQdrDbEntityTracker::endWorld() const {
-  return qdr::toWorld(m_rubberEnd);
+  return m_exactEnd.value_or(qdr::toWorld(m_rubberEnd));
 }
 
 double CQdrDbEntityTracker::dragScale() const {
-  return m_db ? dragVector().length() / m_db->m_vars.dragScaleUnit : 1.0;
+  const double scale = m_db ? dragVector().length() / m_db->m_vars.dragScaleUnit : 1.0;
+  return std::isfinite(scale) ? scale : 0.0;
 }
 
 bool CQdrDbEntityTracker::IsValidPos(const CPoint& device) const {
@@ -222,7 +259,7 @@ void CQdrDbEntityTracker::TransFormEntity(CQdrDbEntity* entity) {
 }
 
 void CQdrDbEntityTracker::CheckSnap() {
-  if (m_snapped || !m_db || m_db->m_vars.snapGrid == 0) return;
+  if (m_snapped || m_exactEnd || !m_db || m_db->m_vars.snapGrid == 0) return;
   const CQdrGePoint2d rounded =
       qdr::roundedToGrid(qdr::toWorld(m_currentPoint), m_db->m_vars.gridSpacing);
   m_currentPoint = qdr::toLogical(rounded);
@@ -233,7 +270,7 @@ void CQdrDbEntityTracker::settlePoint() {
   if (m_handler) m_handler->CheckBlipDraw(m_snapPrev);
   eraseRubber();
   CheckSnap();
-  if (m_db) m_db->m_lastPoint = qdr::toWorld(m_currentPoint);
+  if (m_db) m_db->m_lastPoint = GetPos();
 }
 
 int CQdrDbEntityTracker::Track(CWnd* window, CPoint device) {
@@ -241,9 +278,11 @@ int CQdrDbEntityTracker::Track(CWnd* window, CPoint device) {
 }
 
 int CQdrDbEntityTracker::Track(CWnd* window, CPoint device, int handle) {
-  if (m_db) m_db->setCurrentTracker(this);
-  const int result = TrackHandle(window, device, handle);
-  if (m_db) m_db->setCurrentTracker(nullptr);
+  int result = 0;
+  {
+    const CurrentTracker current(m_db, *this);
+    result = TrackHandle(window, device, handle);
+  }
   if (m_entity && result != 0) m_entity->OnCurveChanged();
   return result;
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "database/entity_access.h"
 #include "database/object_id.h"
 #include "entities/return_struct.h"
 #include "geometry/point2d.h"
@@ -56,6 +58,10 @@ class QDR_API CQdrDbEntityTracker {
   /// constructor for that, since its virtual operations are not its own before.
   CQdrDbEntityTracker(CWnd* window, CQdrDbEntity* entity, QdrDb::TransFormOption option,
                       bool create);
+  /// For a tracker of several entities, which takes them over through SetMultiEntity in its own
+  /// constructor.
+  CQdrDbEntityTracker(CWnd* window, std::vector<CQdrDbObjectId>* entities,
+                      QdrDb::TransFormOption option);
   /// In edit mode takes the grips off and draws the entity plainly.
   virtual ~CQdrDbEntityTracker();
   CQdrDbEntityTracker(const CQdrDbEntityTracker&) = delete;
@@ -76,7 +82,7 @@ class QDR_API CQdrDbEntityTracker {
   /// Shows the cursor of the grip under the mouse; its index, -1 for none. 0 outside the client
   /// area (any hit code but 1).
   virtual int SetCursor(CWnd* window, unsigned hitTest);
-  /// Rounds the current point to the grid, unless it has snapped to an entity.
+  /// Rounds the current point to the grid, unless it has snapped to an entity or was set exactly.
   virtual void CheckSnap();
   virtual int TrackMenuHandle(CWnd* window, CPoint point, int handle);
   virtual int TrackHandle(CWnd* window, CPoint point, int handle);
@@ -96,6 +102,8 @@ class QDR_API CQdrDbEntityTracker {
   void SetDefault();
   /// Starts the rubber line; `alsoEnd` puts its end there too.
   void SetStartPoint(const CQdrGePoint2d& worldPoint, bool alsoEnd);
+  /// Puts the current point and the end of the rubber line at a point, exactly: it is not rounded
+  /// to the grid or to logical units.
   void SetPos(const CQdrGePoint2d& worldPoint);
   CQdrGePoint2d GetPos() const;
   void SetEntity(CQdrDbEntity* entity) { m_entity = entity; }
@@ -134,6 +142,8 @@ class QDR_API CQdrDbEntityTracker {
   void takeGripsOff();
   /// Lets go of entity and device context; nothing is drawn any more.
   void retire();
+  /// Lets go of entities that are about to be deleted; the loop of one that was tracked ends.
+  void forgetEntities(const qdr::EntitySet& gone);
 
  protected:
   void showGrips();
@@ -146,6 +156,8 @@ class QDR_API CQdrDbEntityTracker {
   void eraseRubber();
   /// Ends a pick: blip off, grid, rubber line off, last point.
   void settlePoint();
+  /// False while a drag has not left the place where it began.
+  bool isShapeMoved() const { return m_shapeMoved; }
 
   TrackerType m_trackerType = eTrackEntity;
   unsigned m_endMessage = WM_LBUTTONDOWN;
@@ -188,6 +200,7 @@ class QDR_API CQdrDbEntityTracker {
   void eraseByMenu();
   void recordMenuStep(int operation, const CQdrDbEntity& entity);
   void refreshShape(int handle);
+  void commitPoint(int handle);
 
   std::wstring m_typed;
   Return_Struct m_result;
@@ -199,6 +212,9 @@ class QDR_API CQdrDbEntityTracker {
   double m_gripScale = 0.0;
   CRect m_validRect;
   int m_handle = -1;
+  bool m_shapeMoved = false;
+  std::optional<CQdrGePoint2d> m_exactStart;  ///< of the rubber line, where it is known
+  std::optional<CQdrGePoint2d> m_exactEnd;
   CPoint m_lastDevice;
   std::vector<CQdrGePoint2d>* m_gripPoints = nullptr;  ///< the entity's
 };

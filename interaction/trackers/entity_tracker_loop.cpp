@@ -24,6 +24,7 @@ namespace {
 constexpr COLORREF kWhite = 0xffffff;
 constexpr std::size_t kTypedRoom = 256;  // characters, the closing 0 included
 constexpr unsigned kTextOption = 12;     // a tracker of a text: blanks stay in the buffer
+const CPoint kNoPosition(-1, -1);
 
 bool isArrowKey(WPARAM key) {
   return key >= VK_LEFT && key <= VK_DOWN;
@@ -38,10 +39,14 @@ int CQdrDbEntityTracker::TrackHandle(CWnd* window, CPoint point, int handle) {
   m_window = window;
   m_handle = handle;
   m_endMessage = handle >= 0 ? WM_LBUTTONUP : WM_LBUTTONDOWN;
+  m_lastDevice = kNoPosition;
   if (handle >= 0 && m_dc) {
     CPoint logical = point;
     m_dc->DPtoLP(&logical);
     m_rubberStart = m_rubberEnd = m_currentPoint = logical;
+    m_exactStart.reset();
+    m_exactEnd.reset();
+    m_lastDevice = point;
   }
   return runLoop(handle);
 }
@@ -49,8 +54,10 @@ int CQdrDbEntityTracker::TrackHandle(CWnd* window, CPoint point, int handle) {
 int CQdrDbEntityTracker::runLoop(int handle) {
   m_typed.clear();
   m_result = Return_Struct();
-  m_finished = m_keyMoved = m_snapped = m_rubberShown = false;
+  m_finished = m_keyMoved = m_snapped = m_rubberShown = m_shapeMoved = false;
   InputLoop loop(*m_handler, *m_window);
+  // A grip keeps the cursor that it showed under the mouse.
+  const qdr::CursorScope cursor(handle < 0 ? m_handler->crossCursor() : nullptr);
   const qdr::OneShotSnaps snaps(*m_handler);
   CPen pen(PS_SOLID, m_rubberWidth, m_rubberColor);
   const qdr::PenScope penScope(m_dc, pen);
@@ -59,11 +66,17 @@ int CQdrDbEntityTracker::runLoop(int handle) {
   delete m_currentEntity;
   m_currentEntity = m_entity ? CopyEntity(m_entity) : nullptr;
   drawCurrentEntity();
+  loop.setMarks([this] {
+    if (m_rubberShown) DrawRubber();
+    drawCurrentEntity();
+  });
 
   int result = qdr::kInputCancel;
   MSG message;
   while (!m_finished) {
-    if (!loop.next(message)) {
+    const bool goesOn = loop.next(message);
+    if (m_finished) break;  // the entity was deleted while the loop waited
+    if (!goesOn) {
       m_handler->CheckBlipDraw(m_snapPrev);
       eraseRubber();
       drawCurrentEntity();
@@ -105,20 +118,27 @@ int CQdrDbEntityTracker::handleMessage(const MSG& message, int handle) {
 }
 
 int CQdrDbEntityTracker::onPick(CPoint device, int handle) {
-  if (!m_validRect.PtInRect(device)) return qdr::kInputCancel;
+  // A press outside the view is none; a drag is let go of wherever that happens.
+  if (!m_validRect.PtInRect(device) && m_endMessage == WM_LBUTTONDOWN) return qdr::kInputCancel;
   if (!(device == m_lastDevice)) onMouse(device, handle);
   m_handler->readClickModifier();
-  const CPoint before = m_currentPoint;
-  settlePoint();
-  if (!(before == m_currentPoint)) refreshShape(handle);
-  ControlEnd(handle);
+  commitPoint(handle);
   m_finished = true;
   return qdr::kInputPick;
+}
+
+// The shape follows where the grid has put the point, so that what is stored is what was recorded.
+void CQdrDbEntityTracker::commitPoint(int handle) {
+  const CPoint before = m_currentPoint;
+  settlePoint();
+  if (!(before == m_currentPoint) && (m_createMode || m_shapeMoved)) refreshShape(handle);
+  ControlEnd(handle);
 }
 
 // The host's answer to message 1124 may move the current point for ortho and grid.
 void CQdrDbEntityTracker::onMouse(CPoint device, int handle) {
   if (!m_validRect.PtInRect(device)) return;
+  if (!m_rubberShown && device == m_lastDevice) return;  // still where the drag began
   m_lastDevice = device;
   CPoint point = device;
   if (m_dc) m_dc->DPtoLP(&point);
@@ -129,6 +149,7 @@ void CQdrDbEntityTracker::onMouse(CPoint device, int handle) {
   m_snapped = m_handler->CheckSnapPoint(m_snapPrev, world, m_snapOut);
   if (m_snapped) point = qdr::toLogical(m_snapOut);
   m_currentPoint = point;
+  m_exactEnd.reset();
   if (m_rubberShown && m_currentPoint == m_rubberPrevEnd) return;
   eraseRubber();
   m_rubberEnd = m_currentPoint;
@@ -149,6 +170,7 @@ void CQdrDbEntityTracker::refreshShape(int handle) {
   } else {
     UpdateEntity(m_currentEntity, handle);
   }
+  m_shapeMoved = true;
   drawCurrentEntity();
 }
 
@@ -234,8 +256,7 @@ int CQdrDbEntityTracker::KeyDownHandle(const MSG& message) {
   if (!m_typed.empty()) {
     result = readTyped();
   } else if (m_keyMoved) {
-    settlePoint();
-    ControlEnd(m_handle);
+    commitPoint(m_handle);
   }
   eraseRubber();
   m_result.code = result;
@@ -243,7 +264,7 @@ int CQdrDbEntityTracker::KeyDownHandle(const MSG& message) {
 }
 
 int CQdrDbEntityTracker::readTyped() {
-  const qdr::TypedAnswer answer = qdr::parseTyped(m_typed, startWorld());
+  const qdr::TypedAnswer answer = qdr::parseTyped(m_typed, qdr::toWorld(m_rubberStart));
   if (answer.code == qdr::kInputPoint) {
     m_result.value.number[0] = answer.point.x;
     m_result.value.number[1] = answer.point.y;

@@ -94,6 +94,20 @@ constexpr TransformRow kTransforms[] = {
     {qdr::kGripMirrorByLine, QdrDb::eTransformMirror, QdrDb::ePromptEdgeEnd},
 };
 
+// A transform in force for a scope.
+class TransformScope {
+ public:
+  TransformScope(CQdrDbEntityTracker& tracker, QdrDb::TransFormOption option) : m_tracker(tracker) {
+    m_tracker.SetTransOpt(option);
+  }
+  ~TransformScope() { m_tracker.SetTransOpt(QdrDb::eTransformNone); }
+  TransformScope(const TransformScope&) = delete;
+  TransformScope& operator=(const TransformScope&) = delete;
+
+ private:
+  CQdrDbEntityTracker& m_tracker;
+};
+
 }  // namespace
 
 namespace qdr {
@@ -171,25 +185,26 @@ void CQdrDbEntityTracker::runMenuCommand(CWnd* window, CPoint point, int handle,
 // Begins at the grip and ends at the next click; the drag itself has been let go of.
 void CQdrDbEntityTracker::trackTransform(CWnd* window, CPoint point, int handle,
                                          QdrDb::TransFormOption option) {
-  SetTransOpt(option);
+  const TransformScope transform(*this, option);
   const CQdrGePoint2d start = handle >= 0 ? m_entity->getGripPoint(handle) : GetPos();
   SetStartPoint(start, true);
   Track(window, point, -1);
-  SetTransOpt(QdrDb::eTransformNone);
 }
 
 // Mirrors about a line through the grip at once, with nothing to track.
 void CQdrDbEntityTracker::mirrorAlong(int handle, const CQdrGeVector2d& direction) {
   if (handle < 0) return;
   const CQdrGePoint2d grip = m_entity->getGripPoint(handle);
-  SetTransOpt(QdrDb::eTransformMirror);
+  const TransformScope transform(*this, QdrDb::eTransformMirror);
   SetStartPoint(grip, false);
   SetPos(grip + direction);
+  const qdr::RasterScope raster(m_dc, R2_XORPEN);
   m_currentEntity = CopyEntity(m_entity);
   TransFormEntity(m_currentEntity);
+  m_shapeMoved = true;
+  drawCurrentEntity();
   ControlEnd(handle);
   delete std::exchange(m_currentEntity, nullptr);
-  SetTransOpt(QdrDb::eTransformNone);
   m_entity->OnCurveChanged();
 }
 
@@ -212,6 +227,7 @@ void CQdrDbEntityTracker::copyByMenu(CWnd* window, CPoint point) {
     tracker->retire();
     delete tracker;
   }
+  window->InvalidateRect(nullptr, true);
   if (result != qdr::kInputPick && result != qdr::kInputPoint) {
     delete copy;
     return;
@@ -219,7 +235,6 @@ void CQdrDbEntityTracker::copyByMenu(CWnd* window, CPoint point) {
   CQdrDbObjectId id;
   m_db->addEntity(copy, id);
   recordMenuStep(qdr::kUndoRestored, *copy);
-  window->InvalidateRect(nullptr, true);
 }
 
 void CQdrDbEntityTracker::eraseByMenu() {

@@ -6,6 +6,9 @@
 /// sides bottom, right, top, left; 5 to 8 the corners from the left bottom one counter-clockwise.
 class QDR_API CQdrRectTracker : public qdr::ShapeTracker {
  public:
+  explicit CQdrRectTracker(CWnd* window) : ShapeTracker(eTrackRect, window) {}
+  CQdrRectTracker(CWnd* window, CQdrDbDatabase* database, bool create)
+      : ShapeTracker(eTrackRect, window, database, create) {}
   CQdrRectTracker(CWnd* window, CQdrDbEntity* rect, QdrDb::TransFormOption option, bool create);
 
   void CheckCreateOption(CQdrDbEntity* entity, CPoint& point) override;

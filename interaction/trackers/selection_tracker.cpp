@@ -89,7 +89,8 @@ std::set<CQdrDbEntity*>* CQdrDbSelectionTracker::Track(CWnd* window, CPoint devi
 
 int CQdrDbSelectionTracker::TrackHandle(CWnd* window, CPoint device) {
   CRect client;
-  if (!m_db || m_db->m_commandHandler.isQuitting() || !qdr::takesInput(window, client)) return 0;
+  m_cancelled = m_db && m_db->m_commandHandler.isQuitting();
+  if (!m_db || m_cancelled || !qdr::takesInput(window, client)) return 0;
   SetValidRect(client);
   if (!IsValidPos(device)) return 0;
   m_window = window;
@@ -97,12 +98,16 @@ int CQdrDbSelectionTracker::TrackHandle(CWnd* window, CPoint device) {
   InputLoop loop(m_db->m_commandHandler, *window);
   const qdr::RasterScope raster(m_dc, R2_XORPEN);
   const qdr::PenScope pen(m_dc, *m_activePen);
+  loop.setMarks([this] {
+    if (m_rubberShown) DrawRubber();
+  });
   m_done = m_started = false;
   MSG message;
   while (!m_done && loop.next(message))
     handleMessage(message);
   eraseRubber();
-  if (loop.end() == InputLoop::End::cancelled) m_selected.clear();
+  m_cancelled = loop.end() == InputLoop::End::cancelled;
+  if (m_cancelled) m_selected.clear();
   return static_cast<int>(m_selected.size());
 }
 

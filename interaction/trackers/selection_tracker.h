@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <set>
 #include <vector>
 
@@ -43,6 +44,8 @@ class QDR_API CQdrDbSelectionTracker {
   void DrawRubber();
   /// Answers how many were chosen.
   int TrackHandle(CWnd* window, CPoint device);
+  /// True when the last selection was ended by the program, not by the user.
+  bool wasCancelled() const { return m_cancelled; }
   /// Chooses by a pick at the end point, or by the shape of the mode.
   int SelectEntity(bool single);
 
@@ -69,6 +72,7 @@ class QDR_API CQdrDbSelectionTracker {
   wchar_t m_mode;
   bool m_rubberShown = false;
   bool m_done = false;
+  bool m_cancelled = false;
   CQdrDbDatabase* m_db;
   CDC* m_dc;
   CWnd* m_window;

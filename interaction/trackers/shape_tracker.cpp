@@ -6,8 +6,18 @@
 #include "entities/entity.h"
 #include "geometry/line2d.h"
 #include "interaction/command_handler.h"
+#include "interaction/input_loop.h"
 
 namespace qdr {
+
+ShapeTracker::ShapeTracker(TrackerType type, CWnd* window) : CQdrDbEntityTracker(window) {
+  m_trackerType = type;
+}
+
+ShapeTracker::ShapeTracker(TrackerType type, CWnd* window, CQdrDbDatabase* database, bool create)
+    : CQdrDbEntityTracker(window, database, create) {
+  m_trackerType = type;
+}
 
 ShapeTracker::ShapeTracker(TrackerType type, CWnd* window, CQdrDbEntity* entity,
                            QdrDb::TransFormOption option, bool create)
@@ -58,7 +68,8 @@ bool ShapeTracker::ControlEnd(int handle) {
   if (!m_currentEntity || !m_entity) return true;
   tagUndoEditEntity record;
   // What is not in the drawing yet has nothing to take back.
-  const bool recorded = !m_createMode && m_entity->IsDbEntity() && makeRecord(handle, record);
+  const bool recorded =
+      !m_createMode && isShapeMoved() && m_entity->IsDbEntity() && makeRecord(handle, record);
   if (recorded) {
     record.continued = 0;
     record.entityId = m_entity->objectId();
@@ -68,9 +79,11 @@ bool ShapeTracker::ControlEnd(int handle) {
   if (grips) {
     drawCurrentEntity();
     UnDrawGripBox();
+    const qdr::RasterScope plain(m_dc, R2_COPYPEN);
+    m_entity->UnDraw(m_dc);
   }
   *m_entity = *m_currentEntity;
-  if (grips) DrawGripBox(true);
+  if (grips) DrawGripBox(false);
   return true;
 }
 

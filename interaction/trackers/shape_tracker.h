@@ -18,6 +18,10 @@ class ShapeTracker : public CQdrDbEntityTracker {
   bool ControlEnd(int handle) override;
 
  protected:
+  // The shapes of construction that every tracker of an entity has. The first two are bound to an
+  // entity later, and show no grips by themselves.
+  ShapeTracker(TrackerType type, CWnd* window);
+  ShapeTracker(TrackerType type, CWnd* window, CQdrDbDatabase* database, bool create);
   ShapeTracker(TrackerType type, CWnd* window, CQdrDbEntity* entity, QdrDb::TransFormOption option,
                bool create);
 

@@ -115,9 +115,26 @@ TEST_F(Selection, OrthoAndGridAreOffWhileItLives) {
   EXPECT_EQ(desk.drawing->m_vars.snapGrid, 1);
 }
 
+TEST_F(Selection, ARequestToCancelDropsWhatWasHeld) {
+  std::set<CQdrDbEntity*> entities;
+  desk.script().click(40, 80).call([this] { desk.handler().RequestCancel(); }).move(1, 1);
+  EXPECT_EQ(desk.handler().GetEntities(35, &entities), qdr::kInputCancel);
+}
+
+TEST_F(Selection, DeletedEntitiesLeaveWhatIsHeld) {
+  std::set<CQdrDbEntity*> entities;
+  desk.script()
+      .click(40, 80)
+      .call([this] { desk.drawing->m_blockTable.getCurrentRecord()->ClearEntity(); })
+      .key(VK_RETURN);
+  EXPECT_EQ(desk.handler().GetEntities(35, &entities), qdr::kInputLost);
+  EXPECT_TRUE(entities.empty());
+}
+
 TEST_F(Selection, RubberWindowsLeaveThePixelsAlone) {
   const std::vector<qdr::Pixel> before = desk.pixels();
-  desk.script().click(120, 20).move(150, 60).move(90, 90).move(130, 10).key(VK_ESCAPE);
+  desk.script().click(120, 20).move(150, 60).move(90, 90);
+  desk.script().call([this] { desk.paint(); }).move(130, 10).key(VK_ESCAPE);
   selected();
   EXPECT_EQ(desk.pixels(), before);
 }

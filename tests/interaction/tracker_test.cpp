@@ -161,6 +161,96 @@ TEST_F(Grips, OrthoAndGridActThroughTheHost) {
   EXPECT_EQ(line->EndPoint(), CQdrGePoint2d(90, 70));  // from (93, 66)
 }
 
+TEST_F(Grips, TypedPointsAreExactWhateverTheGrid) {
+  desk.drawing->m_vars.snapGrid = 1;
+  desk.drawing->m_vars.gridSpacing = 10.0;
+  auto* const line = addAs<CQdrDbLine>(*desk.drawing, "line 20 20 80 60");
+  CQdrDbEntityTracker& tracker = grip(line);
+  desk.script().move(40, 40).type(L"12.3456,33\r");
+  EXPECT_EQ(drag(tracker, CPoint(20, 80)), qdr::kInputPoint);
+  EXPECT_EQ(line->StartPoint(), CQdrGePoint2d(12.3456, 33));
+  EXPECT_EQ(desk.drawing->m_lastPoint, CQdrGePoint2d(12.3456, 33));
+  EXPECT_TRUE(undo.Undo());
+  EXPECT_LT(line->StartPoint().distanceTo(CQdrGePoint2d(20, 20)), 1e-9);
+
+  // The line of a mirror is not rounded either: what is undone is what was done.
+  line->set(CQdrGePoint2d(23.456, 20), CQdrGePoint2d(80, 61.5));
+  desk.ui().choose(qdr::kGripMirrorY);
+  tracker.TrackMenu(desk.handler().GetDispWindow(), CPoint(23, 80));
+  EXPECT_LT(line->EndPoint().distanceTo(CQdrGePoint2d(-33.088, 61.5)), 1e-9);
+  EXPECT_TRUE(undo.Undo());
+  EXPECT_LT(line->EndPoint().distanceTo(CQdrGePoint2d(80, 61.5)), 1e-9);
+}
+
+TEST_F(Grips, ADragThatHasNotMovedChangesNothing) {
+  auto* const line = addAs<CQdrDbLine>(*desk.drawing, "line 20 20 80 60");
+  CQdrDbEntityTracker& tracker = grip(line);
+  desk.script().move(22, 80).up();  // over the box of the grip, two pixels beside its centre
+  EXPECT_EQ(drag(tracker, CPoint(22, 80)), qdr::kInputPick);
+  EXPECT_EQ(line->StartPoint(), CQdrGePoint2d(20, 20));
+  EXPECT_TRUE(undo.m_undoList.empty());
+}
+
+TEST_F(Grips, ADragEndsWhereverItIsLetGo) {
+  auto* const line = addAs<CQdrDbLine>(*desk.drawing, "line 20 20 80 60");
+  CQdrDbEntityTracker& tracker = grip(line);
+  desk.script().move(5, 95).move(-30, 95).up();
+  EXPECT_EQ(drag(tracker, CPoint(20, 80)), qdr::kInputPick);
+  EXPECT_EQ(line->StartPoint(), CQdrGePoint2d(5, 5));
+}
+
+TEST_F(Grips, TheScreenAfterAnEditIsThatOfAPaint) {
+  CQdrDbEntity* const line = addFromText(*desk.drawing, "line 20 20 80 60");
+  CQdrDbEntityTracker& tracker = grip(line);
+  desk.script().move(40, 30).move(35, 90).up();
+  drag(tracker, CPoint(20, 80));
+  std::vector<qdr::Pixel> shown = desk.pixels();
+  desk.paint();
+  EXPECT_EQ(shown, desk.pixels()) << "drag";
+  desk.ui().choose(qdr::kGripMirrorX);
+  tracker.TrackMenu(desk.handler().GetDispWindow(), CPoint(80, 40));
+  shown = desk.pixels();
+  desk.paint();
+  EXPECT_EQ(shown, desk.pixels()) << "mirror";
+}
+
+TEST_F(Grips, APaintDuringADragKeepsItsMarks) {
+  CQdrDbEntity* const line = addFromText(*desk.drawing, "line 20 20 80 60");
+  addFromText(*desk.drawing, "circle 50 50 20");
+  desk.drawing->m_vars.snapGrip = 1;
+  CQdrDbEntityTracker& tracker = grip(line);
+  desk.paint();
+  const std::vector<qdr::Pixel> before = desk.pixels();
+  std::vector<qdr::Pixel> during;
+  desk.script()
+      .move(70, 50)  // a grip of the circle, with its mark
+      .call([&] {
+        during = desk.pixels();
+        desk.paint();
+        EXPECT_EQ(desk.pixels(), during);
+        // A zoom moves the marks with the drawing, and back.
+        desk.record().ScaleUpDown(desk.drawing->m_pDC, CPoint(0, 100), 2.0);
+        desk.record().ScaleUpDown(desk.drawing->m_pDC, CPoint(0, 100), 0.5);
+        EXPECT_EQ(desk.pixels(), during);
+      })
+      .key(VK_ESCAPE);
+  drag(tracker, CPoint(20, 80));
+  EXPECT_NE(during, before);
+  EXPECT_EQ(desk.pixels(), before);
+}
+
+TEST_F(Grips, AnEntityDeletedDuringItsDragEndsIt) {
+  auto* const line = addAs<CQdrDbLine>(*desk.drawing, "line 20 20 80 60");
+  CQdrDbEntityTracker& tracker = grip(line);
+  desk.script()
+      .move(40, 30)
+      .call([this] { desk.drawing->m_blockTable.getCurrentRecord()->ClearEntity(); })
+      .up();
+  EXPECT_EQ(drag(tracker, CPoint(20, 80)), qdr::kInputCancel);
+  EXPECT_TRUE(desk.handler().trackers().empty());
+  EXPECT_TRUE(desk.handler().GetSelectedEntity().empty());
+}
+
 TEST_F(Grips, MenuCommands) {
   auto* const line = addAs<CQdrDbLine>(*desk.drawing, "line 20 20 80 60");
   CWnd* const window = desk.handler().GetDispWindow();
