@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -212,7 +213,7 @@ class QDR_API CQdrCommandHandler {
   CQdrDbEntity* arcByRadius(bool askCenter);
   CQdrDbEntity* arcAlongTangent();
   CQdrDbEntity* arcToEndAngle(CQdrDbArc* draft);
-  CQdrDbEntity* finishedArc(CQdrDbArc* arc);
+  CQdrDbEntity* finishedArc(std::unique_ptr<CQdrDbArc> arc);
   int trackFrom(int prompt, CQdrGePoint2d start, const wchar_t* keywords);
   bool pickEntity(CPoint device, CQdrDbEntity*& entity, CQdrGePoint2d* pickPoint);
   bool startOfMeasure(int& prompt, const CQdrGePoint2d* from, CQdrGePoint2d& start);

@@ -1,6 +1,8 @@
 // Commands that draw circles and arcs.
 
+#include <memory>
 #include <numbers>
+#include <utility>
 
 #include "database/database.h"
 #include "entities/arc.h"
@@ -48,8 +50,8 @@ CQdrDbEntity* CQdrCommandHandler::CommandCircle(unsigned long&) {
   } else if (!qdr::accepted(result)) {
     return nullptr;
   }
-  m_lastEntity = circle.get();
   setMsg();
+  m_lastEntity = circle.get();
   return circle.release();
 }
 
@@ -99,10 +101,10 @@ CQdrDbEntity* CQdrCommandHandler::arcByThreePoints(bool firstGiven) {
   const int answer = qdr::trackDraft(*this, tracker, first, QdrDb::ePromptNextPoint);
   if (answer == qdr::kInputPoint) {
     arc->set(first, second, qdr::typedPoint(tracker.resBuffer()));
-  } else if (answer != qdr::kInputPick) {
+  } else if (!qdr::accepted(answer)) {
     return nullptr;
   }
-  return finishedArc(arc.release());
+  return finishedArc(std::move(arc));
 }
 
 CQdrDbEntity* CQdrCommandHandler::arcByCenter(unsigned long& option) {
@@ -143,10 +145,12 @@ CQdrDbEntity* CQdrCommandHandler::arcToEndAngle(CQdrDbArc* draft) {
     arc->setEndAngle(radiansOf(degrees));
   } else if (result == qdr::kInputPoint) {
     arc->setEndAngle(arc->Center().angleTo(qdr::typedPoint(tracker.resBuffer())));
-  } else if (result != qdr::kInputPick) {
+  } else if (!qdr::accepted(result)) {
     return nullptr;
   }
-  return finishedArc(arc.release());
+  // The next command goes on from the end of the arc; one through points ends where it was picked.
+  m_database->m_lastPoint = arc->EndPoint();
+  return finishedArc(std::move(arc));
 }
 
 // Leaves the last point along the tangent in which the last entity ends.
@@ -159,18 +163,15 @@ CQdrDbEntity* CQdrCommandHandler::arcAlongTangent() {
   tracker.SetPrevEntity(m_lastEntity);
   const int result = qdr::trackDraft(*this, tracker, start, QdrDb::ePromptNextPoint);
   if (result == qdr::kInputPoint) {
-    CPoint end = qdr::toLogical(qdr::typedPoint(tracker.resBuffer()));
-    tracker.CheckCreateOption(arc.get(), end);
-  } else if (result != qdr::kInputPick) {
+    tracker.setTangentEnd(*arc, qdr::typedPoint(tracker.resBuffer()));
+  } else if (!qdr::accepted(result)) {
     return nullptr;
   }
-  return finishedArc(arc.release());
+  return finishedArc(std::move(arc));
 }
 
-// The next command goes on from the end of the arc.
-CQdrDbEntity* CQdrCommandHandler::finishedArc(CQdrDbArc* arc) {
-  m_database->m_lastPoint = arc->EndPoint();
-  m_lastEntity = arc;
+CQdrDbEntity* CQdrCommandHandler::finishedArc(std::unique_ptr<CQdrDbArc> arc) {
   setMsg();
-  return arc;
+  m_lastEntity = arc.get();
+  return arc.release();
 }

@@ -10,7 +10,8 @@
 
 namespace {
 
-// Shapes begin with this size, until the mouse gives them their own.
+// Shapes begin with this size, until the mouse gives them their own. An answer that says nothing of
+// a shape, as a number for the end of a line, leaves it at that.
 const CQdrGeVector2d kPlaceholder(1.0, 1.0);
 
 }  // namespace
@@ -29,7 +30,7 @@ CQdrDbEntity* CQdrCommandHandler::CommandLine(unsigned long& option) {
   if (result == qdr::kInputPoint) {
     line->setEndPoint(qdr::typedPoint(tracker.resBuffer()));
     line->Draw(m_database->screenDC());
-  } else if (result != qdr::kInputPick) {
+  } else if (!qdr::accepted(result)) {
     return nullptr;
   }
   m_lastEntity = line.get();
@@ -45,10 +46,10 @@ CQdrDbEntity* CQdrCommandHandler::CommandRect(unsigned long&) {
   const int result = qdr::trackDraft(*this, tracker, corner, QdrDb::ePromptOppositeCorner);
   if (result == qdr::kInputPoint) {
     rect->setRightBottom(qdr::typedPoint(tracker.resBuffer()));
-  } else if (result != qdr::kInputPick) {
+  } else if (!qdr::accepted(result)) {
     return nullptr;
   }
-  m_lastEntity = rect.get();
   setMsg();
+  m_lastEntity = rect.get();
   return rect.release();
 }

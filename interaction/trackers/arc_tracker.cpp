@@ -22,18 +22,28 @@ constexpr double kStraightBack = 1e-6;
 
 namespace qdr {
 
-bool endDirection(const CQdrDbEntity& entity, CQdrGeVector2d& direction) {
+bool endDirection(const CQdrDbEntity& entity, const CQdrGePoint2d& at, CQdrGeVector2d& direction) {
+  CQdrGePoint2d start;
+  CQdrGePoint2d end;
+  CQdrGeVector2d atStart;
   if (entity.classType() == QdrDb::eClassLine) {
     const auto& line = static_cast<const CQdrDbLine&>(entity);
-    direction = line.EndPoint() - line.StartPoint();
-    return true;
-  }
-  if (entity.classType() == QdrDb::eClassArc) {
+    start = line.StartPoint();
+    end = line.EndPoint();
+    direction = end - start;
+    atStart = start - end;
+  } else if (entity.classType() == QdrDb::eClassArc) {
+    // Stored counter-clockwise: one drawn clockwise was left through its start.
     const auto& arc = static_cast<const CQdrDbArc&>(entity);
-    direction = (arc.EndPoint() - arc.Center()).perpVector();
-    return true;
+    start = arc.StartPoint();
+    end = arc.EndPoint();
+    direction = (end - arc.Center()).perpVector();
+    atStart = -(start - arc.Center()).perpVector();
+  } else {
+    return false;
   }
-  return false;
+  if (start.distanceTo(at) < end.distanceTo(at)) direction = atStart;
+  return true;
 }
 
 double tangentBulge(const CQdrGePoint2d& start, const CQdrGeVector2d& direction,
@@ -60,13 +70,17 @@ void CQdrArcTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
   if (m_option == eThreePoints) {
     arc.set(startWorld(), m_arcPoint, mouse);
   } else if (m_option == eTangent) {
-    CQdrGeVector2d direction;
-    if (!m_prevEntity || !qdr::endDirection(*m_prevEntity, direction)) return;
-    const double bulge = qdr::tangentBulge(startWorld(), direction, mouse);
-    if (bulge != 0.0) arc.set(startWorld(), mouse, bulge);
+    setTangentEnd(arc, mouse);
   } else {
     arc.setEndAngle(arc.Center().angleTo(mouse));
   }
+}
+
+void CQdrArcTracker::setTangentEnd(CQdrDbArc& arc, const CQdrGePoint2d& end) const {
+  CQdrGeVector2d direction;
+  if (!m_prevEntity || !qdr::endDirection(*m_prevEntity, startWorld(), direction)) return;
+  const double bulge = qdr::tangentBulge(startWorld(), direction, end);
+  if (bulge != 0.0) arc.set(startWorld(), end, bulge);
 }
 
 void CQdrArcTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) {

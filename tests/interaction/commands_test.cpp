@@ -141,6 +141,54 @@ TEST_F(Commands, ArcAlongTheTangentOfTheLastLine) {
   EXPECT_NEAR(made->Radius(), 10, 1e-6);
 }
 
+TEST_F(Commands, ArcsGoOnFromTheEndThatWasDrawn) {
+  desk.script().type(L"0,0\r").type(L"10,0\r");
+  ASSERT_NE(line(), nullptr);
+  // Eastward and down to (20, -10): clockwise about (10, -10), so stored with its ends exchanged.
+  desk.script().type(L"20,-10\r");
+  const CQdrDbArc* const first = arc(400);
+  ASSERT_NE(first, nullptr);
+  expectNear(first->Center(), 10, -10, 1e-6);
+  expectNear(first->StartPoint(), 20, -10, 1e-6);
+  EXPECT_EQ(desk.drawing->m_lastPoint, CQdrGePoint2d(20, -10));
+  // Southward from there to (30, -20): counter-clockwise about (30, -10).
+  desk.script().type(L"30,-20\r");
+  const CQdrDbArc* const second = arc(400);
+  ASSERT_NE(second, nullptr);
+  expectNear(second->Center(), 30, -10, 1e-6);
+  expectNear(second->EndPoint(), 30, -20, 1e-6);
+}
+
+TEST_F(Commands, ArcTakesTypedPointsExactly) {
+  desk.script().type(L"10.125,0.003\r").type(L"0,10\r").click(20, 90);
+  const CQdrDbArc* const made = arc();
+  ASSERT_NE(made, nullptr);
+  EXPECT_NEAR(made->Center().distanceTo(CQdrGePoint2d(10.125, 0.003)), made->Radius(), 1e-9);
+}
+
+TEST_F(Commands, AnAnswerWithoutAShapeLeavesThePlaceholder) {
+  desk.script().type(L"5,5\r").type(L"25\r");
+  const CQdrDbLine* const made = line();
+  ASSERT_NE(made, nullptr);
+  expectNear(made->EndPoint(), 6, 6);
+  desk.script().type(L"5,5\r").type(L"WORD\r");
+  const auto* const rect = entityAs<CQdrDbRect>(desk.run(QdrDb::eCommandRect));
+  ASSERT_NE(rect, nullptr);
+  expectNear(rect->RightBottom(), 6, 6);
+}
+
+TEST_F(Commands, TheEntityThatAnArcGoesOnFromMayBeDeleted) {
+  desk.script().type(L"0,0\r").type(L"10,0\r");
+  ASSERT_NE(line(), nullptr);
+  desk.script()
+      .move(50, 50)
+      .call([this] { desk.drawing->m_blockTable.getCurrentRecord()->ClearEntity(); })
+      .move(60, 50)
+      .key(VK_ESCAPE);
+  EXPECT_EQ(arc(400), nullptr);
+  EXPECT_EQ(desk.handler().lastEntity(), nullptr);
+}
+
 TEST_F(Commands, CancelLeavesNoTrace) {
   desk.paint();
   const std::vector<qdr::Pixel> before = desk.pixels();
