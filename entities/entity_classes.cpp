@@ -9,6 +9,7 @@
 #include "entities/arc.h"
 #include "entities/box.h"
 #include "entities/circle.h"
+#include "entities/cspline.h"
 #include "entities/drawn_box.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
@@ -19,6 +20,7 @@
 #include "entities/polyline.h"
 #include "entities/rect.h"
 #include "entities/spiral.h"
+#include "entities/spline.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/tolerance.h"
 
@@ -82,6 +84,13 @@ qdr::DrawnBox pointDrawnBox(CQdrDbEntity& entity) {
   return box;
 }
 
+void enclose(qdr::DrawnBox& box, const CQdrGePoint2d& point) {
+  box.minX = std::min(box.minX, point.x);
+  box.minY = std::min(box.minY, point.y);
+  box.maxX = std::max(box.maxX, point.x);
+  box.maxY = std::max(box.maxY, point.y);
+}
+
 // What is drawn is a polygon within the ellipse; what is picked is the chain of arcs that stands
 // for it. The box holds both.
 qdr::DrawnBox ellipseDrawnBox(CQdrDbEntity& entity) {
@@ -90,10 +99,34 @@ qdr::DrawnBox ellipseDrawnBox(CQdrDbEntity& entity) {
   CQdrGePoint2d max;
   static_cast<const CQdrGeEllipArc2d*>(curve)->polyline().getMinMaxpoint(min, max);
   qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
-  box.minX = std::min(box.minX, min.x);
-  box.minY = std::min(box.minY, min.y);
-  box.maxX = std::max(box.maxX, max.x);
-  box.maxY = std::max(box.maxY, max.y);
+  enclose(box, min);
+  enclose(box, max);
+  return box;
+}
+
+// A window takes hold of these by their grips as well, which lie off the curve.
+qdr::DrawnBox boxWithGrips(CQdrDbEntity& entity) {
+  qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
+  std::vector<CQdrGePoint2d>* grips = nullptr;
+  entity.getGripPointVec(grips);
+  for (const CQdrGePoint2d& grip : *grips)
+    enclose(box, grip);
+  return box;
+}
+
+// Another view samples the curve at other steps: between two samples it may bow out, but not by
+// more than they are apart.
+qdr::DrawnBox csplineDrawnBox(CQdrDbEntity& entity) {
+  qdr::DrawnBox box = boxWithGrips(entity);
+  CQdrGePolyline2d samples;
+  static_cast<CQdrDbCSpline&>(entity).geometry().getGePolyline(samples);
+  double widest = 0.0;
+  for (std::size_t i = 1; i < samples.points().size(); ++i)
+    widest = std::max(widest, samples.points()[i - 1].distanceTo(samples.points()[i]));
+  box.minX -= widest;
+  box.minY -= widest;
+  box.maxX += widest;
+  box.maxY += widest;
   return box;
 }
 
@@ -172,10 +205,21 @@ constexpr EntityClass kClasses[] = {
      .trimmable = true,
      .extendable = true,
      .explodable = true},
-    {.type = QdrDb::eClassSpline, .status = kCompound, .bodyBytes = 56, .explodable = true},
+    {.type = QdrDb::eClassSpline,
+     .status = kCompound,
+     .bodyBytes = 56,
+     .make = make<CQdrDbSpline>,
+     .copy = copy<CQdrDbSpline>,
+     .undo = qdr::playUndoRows<qdr::kSplineUndo>,
+     .drawnBox = boxWithGrips,
+     .explodable = true},
     {.type = QdrDb::eClassCSpline,
      .status = kCompound,
      .bodyBytes = 44,
+     .make = make<CQdrDbCSpline>,
+     .copy = copy<CQdrDbCSpline>,
+     .undo = qdr::playUndoRows<qdr::kCSplineUndo>,
+     .drawnBox = csplineDrawnBox,
      .trimmable = true,
      .extendable = true},
     {.type = QdrDb::eClassSpiral,
@@ -184,6 +228,7 @@ constexpr EntityClass kClasses[] = {
      .make = make<CQdrDbSpiral>,
      .copy = copy<CQdrDbSpiral>,
      .undo = qdr::playUndoRows<qdr::kSpiralUndo>,
+     .drawnBox = boxWithGrips,
      .explodable = true},
     {.type = QdrDb::eClassCobweb, .status = kPlain, .bodyBytes = 83, .explodable = true},
     {.type = QdrDb::eClassBlockInsert,

@@ -5,10 +5,12 @@
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
 #include "entities/box.h"
+#include "entities/cspline.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/spiral.h"
+#include "entities/spline.h"
 
 namespace {
 
@@ -50,6 +52,68 @@ void swapSpiralRadii(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
              spiral.StartAng(), spiral.Scale());
 }
 
+template <class Spline>
+void swapCtrlVertex(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& spline = static_cast<Spline&>(entity);
+  CQdrGePoint2d live;
+  if (!spline.GetCtrlVertexAt(record.index, live)) return;
+  spline.SetCtrlPointAt(record.index, record.point);
+  record.point = live;
+}
+
+// A removed vertex waits in `point`, its option in `value`.
+unsigned char optionOf(const CQdrDbSpline&, std::int32_t) {
+  return 0;
+}
+
+unsigned char optionOf(const CQdrDbCSpline& spline, std::int32_t index) {
+  return spline.GetCtrlOption(index);
+}
+
+bool addVertex(CQdrDbSpline& spline, const tagUndoEditEntity& record) {
+  return spline.AddCtrlVertexAt(record.index, record.point);
+}
+
+bool addVertex(CQdrDbCSpline& spline, const tagUndoEditEntity& record) {
+  const auto option = static_cast<unsigned char>(record.value);
+  return spline.AddCtrlVertexAt(record.index, record.point, option);
+}
+
+template <class Spline>
+void removeCtrlVertex(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& spline = static_cast<Spline&>(entity);
+  CQdrGePoint2d point;
+  const unsigned char option = optionOf(spline, record.index);
+  if (!spline.GetCtrlVertexAt(record.index, point)) return;
+  if (!spline.RemoveCtrlVertexAt(record.index)) return;
+  record.point = point;
+  record.value = option;
+  record.operation = qdr::kUndoVertexRemoved;
+}
+
+template <class Spline>
+void addCtrlVertexAgain(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  if (addVertex(static_cast<Spline&>(entity), record)) record.operation = qdr::kUndoVertexAdded;
+}
+
+void swapFitParam(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& spline = static_cast<CQdrDbSpline&>(entity);
+  spline.SetFitParam(std::exchange(record.vector.x, spline.GetFitParam()));
+}
+
+// The direction stays: this step builds the chain anew and nothing else.
+void updateSpline(tagUndoEditEntity&, CQdrDbEntity& entity, bool) {
+  static_cast<CQdrDbSpline&>(entity).updatePoly();
+}
+
+// Of the vertex `index` the option in `value`.
+void swapControlOption(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& spline = static_cast<CQdrDbCSpline&>(entity);
+  const unsigned char live = spline.GetCtrlOption(record.index);
+  if (spline.SetControlOption(record.index, static_cast<unsigned char>(record.value)))
+    record.value = live;
+}
+
 }  // namespace
 
 namespace qdr {
@@ -59,5 +123,14 @@ const UndoRow kEllipseArcUndo[] = {{kUndoAngle, swapEllipseAngle},
                                    {kUndoRadius, swapRadii<CQdrDbEllipseArc>}};
 const UndoRow kBoxUndo[] = {{kUndoVertex, swapBoxSize}};
 const UndoRow kSpiralUndo[] = {{kUndoRadius, swapSpiralRadii}};
+const UndoRow kSplineUndo[] = {{kUndoBulge, swapFitParam},
+                               {kUndoVertex, swapCtrlVertex<CQdrDbSpline>},
+                               {kUndoVertexAdded, removeCtrlVertex<CQdrDbSpline>},
+                               {kUndoVertexRemoved, addCtrlVertexAgain<CQdrDbSpline>},
+                               {kUndoReversed, updateSpline}};
+const UndoRow kCSplineUndo[] = {{kUndoVertex, swapCtrlVertex<CQdrDbCSpline>},
+                                {kUndoVertexAdded, removeCtrlVertex<CQdrDbCSpline>},
+                                {kUndoVertexRemoved, addCtrlVertexAgain<CQdrDbCSpline>},
+                                {kUndoControlOption, swapControlOption}};
 
 }  // namespace qdr

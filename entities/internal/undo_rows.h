@@ -39,6 +39,8 @@ extern const UndoRow kEllipseUndo[1];
 extern const UndoRow kEllipseArcUndo[2];
 extern const UndoRow kBoxUndo[1];
 extern const UndoRow kSpiralUndo[1];
+extern const UndoRow kSplineUndo[5];
+extern const UndoRow kCSplineUndo[4];
 
 /// The routine of a class whose steps are all of the common kind.
 bool undoNothing(CQdrUndoHandler& handler, bool redo);

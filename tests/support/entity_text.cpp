@@ -9,6 +9,7 @@
 #include "entities/arc.h"
 #include "entities/box.h"
 #include "entities/circle.h"
+#include "entities/cspline.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
 #include "entities/line.h"
@@ -16,6 +17,7 @@
 #include "entities/polyline.h"
 #include "entities/rect.h"
 #include "entities/spiral.h"
+#include "entities/spline.h"
 #include "geometry/angle.h"
 #include "platform/headless/memory_file.h"
 
@@ -86,6 +88,22 @@ std::unique_ptr<CQdrDbEntity> polylineOf(const Numbers& n, bool closed) {
   return polyline;
 }
 
+// From the fit parameter, then x and y of each control vertex.
+std::unique_ptr<CQdrDbEntity> splineOf(const Numbers& n) {
+  auto spline = std::make_unique<CQdrDbSpline>(n[0]);
+  for (std::size_t i = 1; i + 1 < n.size(); i += 2)
+    spline->AppendCtrlVertex({n[i], n[i + 1]});
+  return spline;
+}
+
+// From x, y and option of each control vertex.
+std::unique_ptr<CQdrDbEntity> csplineOf(const Numbers& n) {
+  auto spline = std::make_unique<CQdrDbCSpline>();
+  for (std::size_t i = 0; i + 2 < n.size(); i += 3)
+    spline->AppendCtrlVertex({n[i], n[i + 1]}, static_cast<unsigned char>(n[i + 2]));
+  return spline;
+}
+
 std::unique_ptr<CQdrDbEntity> built(std::string_view text) {
   std::istringstream words{std::string(text)};
   std::string keyword;
@@ -97,6 +115,8 @@ std::unique_ptr<CQdrDbEntity> built(std::string_view text) {
     if (keyword == "polyline") return polylineOf(numbers, false);
     if (keyword == "loop") return polylineOf(numbers, true);
   }
+  if (keyword == "spline" && numbers.size() % 2 == 1) return splineOf(numbers);
+  if (keyword == "cspline" && numbers.size() % 3 == 0) return csplineOf(numbers);
   for (const Builder& builder : kBuilders)
     if (builder.keyword == keyword && builder.count == numbers.size())
       return builder.build(numbers);

@@ -24,6 +24,7 @@ void readFrom(CQdrDbObject& object, const std::string& bytes);
 ///     box x y width height degrees
 ///     spiral chordsPerTurn cx cy maxRadius minRadius pitch startDegrees
 ///     polyline x y bulge x y bulge ...         loop, the same closed
+///     spline fit x y x y ...           cspline x y option x y option ...
 ///
 /// It has passed through save and read, so whatever a file loses is lost. Null, with a failure of
 /// the running test, for a text that is none of these.
