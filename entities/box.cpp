@@ -3,6 +3,7 @@
 #include "entities/display_units.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/internal/property_rows.h"
+#include "entities/polyline.h"
 #include "geometry/line2d.h"
 #include "platform/device_context.h"
 
@@ -113,4 +114,12 @@ bool CQdrDbBox::IsClosedCurve() {
 
 bool CQdrDbBox::getOffset(const CQdrGePoint2d& side, CQdrDbEntity*& result, double distance) {
   return qdr::offsetCopy(*this, &CQdrDbBox::m_box, side, distance, result);
+}
+
+void CQdrDbBox::ConvertToPolyline(CQdrDbPolyline& result) const {
+  std::vector<CQdrGePoint2d> corners;
+  m_box.getVertex(corners);
+  result.CopyEntProperties(*this);
+  result.SetVertexes(&corners);
+  result.SetClosed(true);
 }

@@ -5,6 +5,8 @@
 #include "entities/curve.h"
 #include "geometry/rect2d.h"
 
+class CQdrDbPolyline;
+
 /// A rectangle that may be turned; width and height run along its own axes and may be negative.
 /// Grips: corners and middles of sides in turn, from the base point along the width.
 class QDR_API CQdrDbBox : public CQdrDbCurve {
@@ -52,6 +54,9 @@ class QDR_API CQdrDbBox : public CQdrDbCurve {
 
   /// The closed polyline of the four corners.
   void GetPolyline(CQdrGePolyline2d& result) const { m_box.getPolyline(result); }
+
+  /// Gives the polyline these corners, closed, and the looks of the box.
+  void ConvertToPolyline(CQdrDbPolyline& result) const;
 
   const CQdrGeRect2d& geometry() const { return m_box; }
 

@@ -4,6 +4,7 @@
 #include "database/file/field_stream.h"
 #include "entities/display_units.h"
 #include "entities/internal/offset_copy.h"
+#include "entities/polyline.h"
 #include "entities/rect.h"
 #include "platform/device_context.h"
 
@@ -38,6 +39,14 @@ CQdrDbCSpline::CQdrDbCSpline(const CQdrDbCSpline& other)
 
 CQdrDbCSpline::CQdrDbCSpline(const std::vector<CQdrGePoint2d>& points) : CQdrDbCSpline(nullptr) {
   SetCtrlVertexes(points);
+}
+
+CQdrDbCSpline::CQdrDbCSpline(const CQdrDbPolyline& polyline)
+    : CQdrDbCurve(polyline.database()), m_spline(polyline.geometry().points()) {
+  setClassInfo(kClassType, m_spline, kStatus);
+  m_spline.setClosed(polyline.IsClosed());
+  CopyEntProperties(polyline);
+  setGripPoints();
 }
 
 CQdrDbEntity& CQdrDbCSpline::operator=(const CQdrDbEntity& other) {

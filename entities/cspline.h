@@ -5,6 +5,8 @@
 #include "entities/curve.h"
 #include "geometry/cspline2d.h"
 
+class CQdrDbPolyline;
+
 /// A cubic through its control vertices, drawn by its samples, which are four pixels of the current
 /// view apart; see CQdrGeCSpline2d for options and sampling. Grips: the control vertices in order.
 class QDR_API CQdrDbCSpline : public CQdrDbCurve {
@@ -16,6 +18,8 @@ class QDR_API CQdrDbCSpline : public CQdrDbCurve {
   CQdrDbCSpline(const CQdrDbCSpline& other);
   /// Through these points, open, all options 0.
   explicit CQdrDbCSpline(const std::vector<CQdrGePoint2d>& points);
+  /// Through the vertices of the polyline, closed like it, with its looks.
+  explicit CQdrDbCSpline(const CQdrDbPolyline& polyline);
 
   CQdrDbEntity& operator=(const CQdrDbEntity& other) override;
   CQdrDbCSpline& operator=(const CQdrDbCSpline& other);

@@ -84,6 +84,12 @@ qdr::DrawnBox pointDrawnBox(CQdrDbEntity& entity) {
   return box;
 }
 
+qdr::DrawnBox knownIfFinite(qdr::DrawnBox box) {
+  box.known = box.known && std::isfinite(box.minX) && std::isfinite(box.minY) &&
+              std::isfinite(box.maxX) && std::isfinite(box.maxY);
+  return box;
+}
+
 void enclose(qdr::DrawnBox& box, const CQdrGePoint2d& point) {
   box.minX = std::min(box.minX, point.x);
   box.minY = std::min(box.minY, point.y);
@@ -101,7 +107,7 @@ qdr::DrawnBox ellipseDrawnBox(CQdrDbEntity& entity) {
   qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
   enclose(box, min);
   enclose(box, max);
-  return box;
+  return knownIfFinite(box);
 }
 
 // A window takes hold of these by their grips as well, which lie off the curve.
@@ -111,7 +117,7 @@ qdr::DrawnBox boxWithGrips(CQdrDbEntity& entity) {
   entity.getGripPointVec(grips);
   for (const CQdrGePoint2d& grip : *grips)
     enclose(box, grip);
-  return box;
+  return knownIfFinite(box);
 }
 
 // Another view samples the curve at other steps: between two samples it may bow out, but not by
@@ -127,7 +133,7 @@ qdr::DrawnBox csplineDrawnBox(CQdrDbEntity& entity) {
   box.minY -= widest;
   box.maxX += widest;
   box.maxY += widest;
-  return box;
+  return knownIfFinite(box);
 }
 
 // An arc is drawn over any chord, those too short to count as segments in GetOutRect included.
@@ -147,9 +153,7 @@ qdr::DrawnBox polylineDrawnBox(CQdrDbEntity& entity) {
     box.maxX = std::max(box.maxX, points[i].x + reach);
     box.maxY = std::max(box.maxY, points[i].y + reach);
   }
-  box.known = box.known && std::isfinite(box.minX) && std::isfinite(box.minY) &&
-              std::isfinite(box.maxX) && std::isfinite(box.maxY);
-  return box;
+  return knownIfFinite(box);
 }
 
 // One row per class; what is left out of a row is null or false. A class joins the system here, and

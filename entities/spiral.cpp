@@ -5,6 +5,7 @@
 #include "entities/internal/chain_drawing.h"
 #include "entities/internal/chain_explode.h"
 #include "entities/internal/property_rows.h"
+#include "entities/polyline.h"
 #include "entities/rect.h"
 #include "platform/device_context.h"
 #include "platform/file.h"
@@ -156,4 +157,11 @@ int CQdrDbSpiral::IsVertex(const CQdrGePoint2d& point, double distance) const {
 
 bool CQdrDbSpiral::Explode() {
   return qdr::explodeChain(*this, m_spiral.polyline());
+}
+
+void CQdrDbSpiral::ConvertToPolyline(CQdrDbPolyline& result) const {
+  const CQdrGePolyline2d& chain = m_spiral.polyline();
+  result.CopyEntProperties(*this);
+  result.SetVertexes(&chain.points(), &chain.bulges());
+  result.SetClosed(chain.isClosed());
 }

@@ -5,6 +5,8 @@
 #include "entities/curve.h"
 #include "geometry/spiral.h"
 
+class CQdrDbPolyline;
+
 /// A spiral, counter-clockwise and outward from the minimum to the maximum radius, drawn by the
 /// polyline of its chords; see CQdrGeSpiral. Grips: centre, first point of the polyline, the point
 /// one turn on, last point.
@@ -67,6 +69,9 @@ class QDR_API CQdrDbSpiral : public CQdrDbCurve {
 
   /// First point of the polyline within `distance` of the point, or -1.
   int IsVertex(const CQdrGePoint2d& point, double distance) const;
+
+  /// Gives the polyline the points and the looks of the spiral.
+  void ConvertToPolyline(CQdrDbPolyline& result) const;
 
   /// Adds a line to the drawing for each chord; the caller erases the spiral. The last point hands
   /// the last line over once more. False without a drawing or a chord.

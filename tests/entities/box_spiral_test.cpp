@@ -7,7 +7,9 @@
 
 #include "database/undo/undo_operations.h"
 #include "entities/box.h"
+#include "entities/cspline.h"
 #include "entities/line.h"
+#include "entities/polyline.h"
 #include "entities/spiral.h"
 #include "geometry/angle.h"
 #include "geometry/tolerance.h"
@@ -159,6 +161,27 @@ TEST_F(BoxesAndSpirals, ExplodesIntoTheChords) {
   EXPECT_EQ(first->ColorIndex(), 3);
   EXPECT_TRUE(m_undo.Undo());
   EXPECT_TRUE(first->isErased());
+}
+
+TEST_F(BoxesAndSpirals, BecomePolylinesAndPolylinesCubics) {
+  auto* box = addAs<CQdrDbBox>(m_database, "box 1 2 6 4 0");
+  box->setColor(3);
+  CQdrDbPolyline polyline(&m_database);
+  box->ConvertToPolyline(polyline);
+  EXPECT_TRUE(polyline.IsClosed());
+  ASSERT_EQ(polyline.NumVerts(), 4);
+  EXPECT_EQ(polyline.ColorIndex(), 3);
+  expectNear(polyline.getGripPoint(2), {7, 6}, "corner");
+
+  const CQdrDbCSpline cubic(polyline);
+  EXPECT_TRUE(cubic.IsClosed());
+  EXPECT_EQ(cubic.NumCtrlVerts(), 4);
+  EXPECT_EQ(cubic.ColorIndex(), 3);
+
+  addAs<CQdrDbSpiral>(m_database, "spiral 4 0 0 4.25 0.75 2 0")->ConvertToPolyline(polyline);
+  EXPECT_FALSE(polyline.IsClosed());
+  EXPECT_EQ(polyline.NumVerts(), 7);
+  expectNear(polyline.getGripPoint(6), {-4, 0}, "end");
 }
 
 }  // namespace
