@@ -241,7 +241,11 @@ TEST_F(Polyline, Trims) {
   const char* const right = "line 9 5 11 5";
   const Row rows[] = {
       {"start within the first segment", kCorner, {below}, {2, 0}, {{5, 0}, {10, 0}, {10, 10}}},
-      {"start with whole segments", kCorner, {right}, {2, 0}, {{10, 5}, {10, 10}}},
+      {"start with whole segments",
+       "polyline 0 0 0 4 0 0.5 10 0 0 10 10 0",
+       {right},
+       {2, 0},
+       {{10, 5}, {10, 10}}},
       {"start up to a vertex", kCorner, {"line 10 0 12 -3"}, {2, 0}, {{10, 0}, {10, 10}}},
       {"end with whole segments", kCorner, {below}, {10, 5}, {{0, 0}, {5, 0}}},
       {"middle", kCorner, {right, below}, {10, 1}, {{0, 0}, {5, 0}}, {{10, 5}, {10, 10}}},
