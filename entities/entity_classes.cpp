@@ -21,7 +21,6 @@
 #include "entities/rect.h"
 #include "entities/spiral.h"
 #include "entities/spline.h"
-#include "geometry/circ_arc2d.h"
 #include "geometry/tolerance.h"
 
 namespace {
@@ -136,22 +135,29 @@ qdr::DrawnBox csplineDrawnBox(CQdrDbEntity& entity) {
   return knownIfFinite(box);
 }
 
-// An arc is drawn over any chord, those too short to count as segments in GetOutRect included.
+// How far beyond the box of its two ends and its arc a segment is drawn or picked. Arcs are drawn
+// over any chord, those too short to count as segments included, and picked a little beyond their
+// ends by angle.
+double reachOfSegment(double chord, double bulge) {
+  const double steepness = std::abs(bulge);
+  if (!(steepness > qdr::kBulgeTolerance)) return 0.0;
+  if (chord <= qdr::kCoincidentTolerance) return chord * (1.0 + steepness);
+  const double radius = chord * (1.0 + steepness * steepness) / (4.0 * steepness);
+  return radius * qdr::kAngleTolerance;
+}
+
 qdr::DrawnBox polylineDrawnBox(CQdrDbEntity& entity) {
   qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
   const CQdrGePolyline2d& chain = static_cast<CQdrDbPolyline&>(entity).geometry();
   const std::vector<CQdrGePoint2d>& points = chain.points();
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const double bulge = chain.bulges()[i];
-    const CQdrGePoint2d& next = points[(i + 1) % points.size()];
-    const double chord = points[i].distanceTo(next);
-    // A bulge of up to 1 keeps the arc within half a chord, which the box has room for.
-    if (chord > qdr::kCoincidentTolerance || !(std::abs(bulge) > 1.0)) continue;
-    const double reach = chord * (1.0 + std::abs(bulge));
-    box.minX = std::min(box.minX, points[i].x - reach);
-    box.minY = std::min(box.minY, points[i].y - reach);
-    box.maxX = std::max(box.maxX, points[i].x + reach);
-    box.maxY = std::max(box.maxY, points[i].y + reach);
+    const CQdrGePoint2d& next = points[i + 1 < points.size() ? i + 1 : 0];
+    const double reach = reachOfSegment(points[i].distanceTo(next), chain.bulges()[i]);
+    if (reach == 0.0) continue;
+    box.minX = std::min(box.minX, std::min(points[i].x, next.x) - reach);
+    box.minY = std::min(box.minY, std::min(points[i].y, next.y) - reach);
+    box.maxX = std::max(box.maxX, std::max(points[i].x, next.x) + reach);
+    box.maxY = std::max(box.maxY, std::max(points[i].y, next.y) + reach);
   }
   return knownIfFinite(box);
 }

@@ -190,6 +190,18 @@ TEST_F(Polyline, ItsBoxHoldsArcsOverTheShortestChords) {
   }
 }
 
+TEST_F(Polyline, ItsBoxHoldsWhereItIsPicked) {
+  // Radius 1000 * 1.01 / 0.4 = 2525. An arc is picked up to 0.001 radians beyond its end, here
+  // along its tangent at 2 atan(0.1).
+  auto* polyline = addAs<CQdrDbPolyline>(m_database, "polyline 0 0 0.1 1000 0 0");
+  const CQdrGePoint2d beyond =
+      CQdrGePoint2d(1000, 0) + CQdrGeVector2d(2 * std::atan(0.1)) * (0.0009 * 2525);
+  ASSERT_EQ(polyline->isOn(beyond, 0.01), 1);
+  const qdr::DrawnBox box = qdr::drawnBox(*polyline);
+  EXPECT_GE(box.maxX, beyond.x);
+  EXPECT_GE(box.maxY, beyond.y);
+}
+
 TEST_F(Polyline, ComesFromOtherCurves) {
   auto* line = addAs<CQdrDbLine>(m_database, "line 1 2 3 4");
   auto* arc = addAs<CQdrDbArc>(m_database, "arc 0 0 5 0 90");
