@@ -84,7 +84,9 @@ class QDR_API DrawingHost {
   HostAnswer showWindow(const CQdrGePoint2d& min, const CQdrGePoint2d& max);
   /// Shows all that is visible with a small margin; the limits of the drawing when it is empty.
   HostAnswer showExtents();
-  /// Paints the drawing, at once or when the running command has ended.
+  /// Scales the view about a pixel, below 1 to see less and larger, as a wheel does; also while a
+  /// command runs.
+  void zoomAt(CPoint point, double scale);
   void repaint();
   /// The client area of the view has another size.
   void viewResized();
@@ -124,8 +126,6 @@ class QDR_API DrawingHost {
   void bindDatabase();
   void releaseDatabase();
   void adopt(std::unique_ptr<CQdrDbDatabase> database, const std::wstring& path);
-  bool takeSize();
-  void settle();
 
   bool runKernelCommand(unsigned number);
   void repeatDrawing(QdrDb::CommandID id, unsigned long option);
@@ -158,8 +158,6 @@ class QDR_API DrawingHost {
   std::wstring m_path;
   unsigned long m_nextOption = 0;
   bool m_modified = false;
-  bool m_paintDue = false;
-  bool m_sizeDue = false;
 };
 
 }  // namespace qdr

@@ -72,7 +72,6 @@ bool DrawingHost::onCommand(unsigned number) {
     }
   });
   closeLine(number);
-  settle();
   return done;
 }
 
@@ -188,7 +187,6 @@ void DrawingHost::onLeftDown(CPoint point) {
     CQdrDbObjectId id;
     if (display().selectEntity(point, id)) handler().DoDragEntity(asEntity(id), point);
   });
-  settle();
 }
 
 void DrawingHost::onRightDown(CPoint point) {
@@ -204,7 +202,6 @@ void DrawingHost::onRightDown(CPoint point) {
     dropGripsOfErased();
     repaint();
   });
-  settle();
 }
 
 bool DrawingHost::onSetCursor(unsigned hitTest) {

@@ -1,8 +1,6 @@
 // Painting, size and window of the view.
 
 #include <algorithm>
-#include <cmath>
-#include <utility>
 
 #include "database/database.h"
 #include "entities/display_units.h"
@@ -27,10 +25,8 @@ CRect logicalRect(const CQdrGePoint2d& a, const CQdrGePoint2d& b) {
 
 namespace qdr {
 
+// Also while an input waits: the paint of the display draws the marks of running inputs again.
 void DrawingHost::repaint() {
-  // A waiting input has marks on the screen that it takes off by drawing them again.
-  m_paintDue = isBusy();
-  if (m_paintDue) return;
   guarded([&] { display().Draw(&m_screen.dc()); });
 }
 
@@ -38,32 +34,18 @@ void DrawingHost::onPaint() {
   repaint();
 }
 
-// The picture keeps its place while a command runs, and with it the mapping; both follow when the
-// command has ended.
 void DrawingHost::viewResized() {
   CRect client;
   m_view->GetClientRect(&client);
   if (client.IsRectEmpty()) return;
   m_screen.resize(CSize(client.Width(), client.Height()));
-  m_sizeDue = true;
-  settle();
-}
-
-bool DrawingHost::takeSize() {
-  if (!m_sizeDue || isBusy()) return false;
-  m_sizeDue = false;
-  CRect client;
-  m_view->GetClientRect(&client);
   display().Onsize(client.Width(), client.Height());
   display().MakeUpDisplayWindow(&m_screen.dc());
-  return true;
+  repaint();
 }
 
-// What was put off while a command ran.
-void DrawingHost::settle() {
-  if (isBusy()) return;
-  const bool resized = takeSize();
-  if (resized || std::exchange(m_paintDue, false)) repaint();
+void DrawingHost::zoomAt(CPoint point, double scale) {
+  guarded([&] { display().ScaleUpDown(&m_screen.dc(), point, scale); });
 }
 
 // A window of a few pixels is refused by the zoom of the display record, so the limits carry it.

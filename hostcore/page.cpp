@@ -1,7 +1,14 @@
 #include "hostcore/page.h"
 
+#include "database/database.h"
 #include "interaction/display/display_table_record.h"
 #include "platform/device_context.h"
+
+namespace {
+
+constexpr const wchar_t* kPrintColor = L"255";
+
+}  // namespace
 
 namespace qdr {
 
@@ -17,6 +24,21 @@ void drawPage(DrawingHost& host, IDeviceSurface& surface, COLORREF background) {
   dc.SetViewportExt(size.cx, -size.cy);
   dc.FillSolidRect(window, background);
   host.display().DrawEntities(&dc);
+}
+
+HostAnswer print(DrawingHost& host, IDeviceSurface& surface) {
+  if (host.isBusy()) return {HostFault::busy, L"a command is running"};
+  if (!surface.isPrinting()) return {HostFault::refused, L"the surface does not print"};
+  CQdrDbColorTable& colors = host.database().m_colorTable;
+  const bool hadColor = colors.has(kPrintColor);
+  CDC dc(&surface);
+  host.display().MakeUpDisplayWindow(&dc);
+  host.display().Draw(&dc);
+  // The pass makes the record of its colour when the drawing has none.
+  if (!hadColor) colors.removeRecord(kPrintColor);
+  host.display().MakeUpDisplayWindow(&host.screen().dc());
+  host.repaint();
+  return {};
 }
 
 }  // namespace qdr

@@ -11,4 +11,8 @@ namespace qdr {
 /// has those of the surface.
 QDR_API void drawPage(DrawingHost& host, IDeviceSurface& surface, COLORREF background);
 
+/// Prints a drawing in millimetres onto a surface that says it prints, all in the colour of prints.
+/// Refused while a command runs, and for a surface that does not print.
+QDR_API HostAnswer print(DrawingHost& host, IDeviceSurface& surface);
+
 }  // namespace qdr

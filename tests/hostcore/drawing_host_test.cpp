@@ -10,8 +10,10 @@
 #include "database/database.h"
 #include "hostcore/command_numbers.h"
 #include "hostcore/data_folder.h"
+#include "hostcore/page.h"
 #include "hostcore/prompts.h"
 #include "hostcore/script_player.h"
+#include "platform/svg_surface.h"
 
 using qdr::HostFault;
 using qdr::ScriptPlayer;
@@ -213,6 +215,25 @@ TEST_F(HostTest, PromptsAreWholeWhateverTheFileHolds) {
     EXPECT_EQ(!complaint.empty(), row.complains);
   }
   EXPECT_TRUE(m_stage.platform().ui.boxes().empty());
+}
+
+// A print takes all in one colour and leaves window, colours and colour table as they were.
+TEST_F(HostTest, PrintLeavesNoTrace) {
+  play(".window 0,0 400,300\ncircle\n50,50\n20\n");
+  const CRect window = host().display().logicalWindow();
+  const std::size_t colors = host().database().m_colorTable.size();
+  const bool hadColor = host().database().m_colorTable.has(L"255");
+  qdr::VectorPage page;
+  qdr::SvgSurface screen(page);
+  EXPECT_EQ(qdr::print(host(), screen).fault, HostFault::refused);
+  page.printing = true;
+  qdr::SvgSurface paper(page);
+  ASSERT_TRUE(qdr::print(host(), paper));
+  EXPECT_NE(paper.document().find("stroke=\"#000000\""), std::string::npos);
+  EXPECT_EQ(host().display().logicalWindow(), window);
+  EXPECT_EQ(host().database().m_colorTable.size(), colors);
+  EXPECT_EQ(host().database().m_colorTable.has(L"255"), hadColor);
+  play(".expect entity circle Color=256\n");
 }
 
 TEST_F(HostTest, ShowsAllThatIsVisible) {

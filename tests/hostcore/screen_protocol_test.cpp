@@ -130,11 +130,14 @@ TEST_P(ScreenProtocol, GripsTakenOffLeaveNoTrace) {
   EXPECT_TRUE(differences(scene, pixelsOf(m_stage), kWidth).empty());
 }
 
-// A paint and another size while an input waits neither lose nor double its marks.
-TEST_P(ScreenProtocol, PaintsWaitForTheCommand) {
-  ASSERT_TRUE(ScriptPlayer(m_stage).play(
-      "circle\n.pick 100,100\n.move 130,100\n.paint\n.size 300 300\n.move 150,100\n"
-      ".size 400 300\n.move 160,120\n.key esc\n.expect idle\n"));
+// A paint, another size and a turn of the wheel while an input waits leave no ghost of its marks.
+TEST_P(ScreenProtocol, PaintsDuringAnInputLeaveNoTrace) {
+  m_stage.script().click(100, 200).move(130, 200).paint().move(150, 200).resize(300, 300);
+  m_stage.script().move(150, 220).resize(kWidth, kHeight).move(90, 120);
+  m_stage.script().call([this] { m_stage.host().zoomAt(CPoint(10, 20), 0.5); });
+  m_stage.script().move(160, 120).key(VK_ESCAPE);
+  unsigned long option = 0;
+  EXPECT_EQ(m_stage.host().handler().DoCommand(QdrDb::eCommandCircle, option), nullptr);
   const std::vector<Pixel> after = pixelsOf(m_stage);
   m_stage.host().repaint();
   EXPECT_TRUE(differences(after, pixelsOf(m_stage), kWidth).empty());
