@@ -9,6 +9,7 @@
 #include "entities/arc.h"
 #include "entities/box.h"
 #include "entities/circle.h"
+#include "entities/cobweb.h"
 #include "entities/cspline.h"
 #include "entities/drawn_box.h"
 #include "entities/ellipse.h"
@@ -135,6 +136,20 @@ qdr::DrawnBox csplineDrawnBox(CQdrDbEntity& entity) {
   return knownIfFinite(box);
 }
 
+// Both circles reach beyond the grips, and the marker at the first inner point is sized in pixels.
+qdr::DrawnBox cobwebDrawnBox(CQdrDbEntity& entity) {
+  const auto& web = static_cast<CQdrDbCobweb&>(entity);
+  const double radius = std::max(std::abs(web.InnerRadius()), std::abs(web.OuterRadius()));
+  const CQdrGeVector2d reach(radius, radius);
+  qdr::DrawnBox box = qdr::drawnBoxOfOutRect(entity);
+  // The pen of the circles is as wide as that of the spokes.
+  const double margin = std::abs(box.minX - entity.GetOutRect().LeftBottom().x);
+  enclose(box, web.Center() - reach - CQdrGeVector2d(margin, margin));
+  enclose(box, web.Center() + reach + CQdrGeVector2d(margin, margin));
+  box.pixels += CQdrDbCobweb::kMarkerPixels;
+  return knownIfFinite(box);
+}
+
 // How far beyond the box of its two ends and its arc a segment is drawn or picked. Arcs are drawn
 // over any chord, those too short to count as segments included, and picked a little beyond their
 // ends by angle.
@@ -240,7 +255,12 @@ constexpr EntityClass kClasses[] = {
      .undo = qdr::playUndoRows<qdr::kSpiralUndo>,
      .drawnBox = boxWithGrips,
      .explodable = true},
-    {.type = QdrDb::eClassCobweb, .status = kPlain, .bodyBytes = 83, .explodable = true},
+    {.type = QdrDb::eClassCobweb,
+     .status = kPlain,
+     .bodyBytes = 83,
+     .undo = qdr::playUndoRows<qdr::kCobwebUndo>,
+     .drawnBox = cobwebDrawnBox,
+     .explodable = true},
     {.type = QdrDb::eClassBlockInsert,
      .status = kCompound,
      .bodyBytes = 253,

@@ -5,6 +5,7 @@
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
 #include "entities/box.h"
+#include "entities/cobweb.h"
 #include "entities/cspline.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
@@ -114,6 +115,19 @@ void swapControlOption(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
     record.value = live;
 }
 
+// Outer radius in x, inner radius in y.
+void swapCobwebRadii(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& web = static_cast<CQdrDbCobweb&>(entity);
+  const QdrXY stored = std::exchange(record.vector, QdrXY(web.OuterRadius(), web.InnerRadius()));
+  web.SetOuterRadius(stored.x);
+  web.SetInnerRadius(stored.y);
+}
+
+void swapWings(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
+  auto& web = static_cast<CQdrDbCobweb&>(entity);
+  web.SetWings(std::exchange(record.value, web.Wings()));
+}
+
 }  // namespace
 
 namespace qdr {
@@ -132,5 +146,6 @@ const UndoRow kCSplineUndo[] = {{kUndoVertex, swapCtrlVertex<CQdrDbCSpline>},
                                 {kUndoVertexAdded, removeCtrlVertex<CQdrDbCSpline>},
                                 {kUndoVertexRemoved, addCtrlVertexAgain<CQdrDbCSpline>},
                                 {kUndoControlOption, swapControlOption}};
+const UndoRow kCobwebUndo[] = {{kUndoRadius, swapCobwebRadii}, {kUndoWings, swapWings}};
 
 }  // namespace qdr

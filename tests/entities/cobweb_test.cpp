@@ -1,0 +1,143 @@
+#include "entities/cobweb.h"
+
+#include <gtest/gtest.h>
+
+#include "database/undo/undo_operations.h"
+#include "entities/drawn_box.h"
+#include "geometry/angle.h"
+#include "geometry/line2d.h"
+#include "tests/support/entity_text.h"
+#include "tests/support/sketch.h"
+
+namespace {
+
+using qdr::test::addFromText;
+
+void expectNear(const CQdrGePoint2d& actual, const CQdrGePoint2d& expected, const char* what) {
+  EXPECT_LT(actual.distanceTo(expected), 1e-9)
+      << what << ": (" << actual.x << ", " << actual.y << ")";
+}
+
+class Cobwebs : public testing::Test {
+ protected:
+  Cobwebs() : web(new CQdrDbCobweb({1, 2}, 3, 5, 4, 0)) {
+    CQdrDbObjectId id;
+    database.addEntity(web, id);
+  }
+
+  CQdrDbDatabase database{true};
+  CQdrDbCobweb* web;
+  CQdrUndoHandler& undo = database.m_undoHandler;
+};
+
+TEST_F(Cobwebs, GripsRunFromWingToWing) {
+  expectNear(web->getGripPoint(0), {1, 2}, "centre");
+  expectNear(web->getGripPoint(2), {6, 2}, "first outer");
+  expectNear(web->getGripPoint(3), {1, 5}, "second inner");
+  expectNear(web->getGripPoint(9), {7, 2}, "handle, a fifth beyond the first spoke");
+  std::vector<CQdrGePoint2d>* grips = nullptr;
+  web->SetWings(1);
+  web->getGripPointVec(grips);
+  EXPECT_EQ(grips->size(), 4u);
+  web->SetWings(-3);
+  EXPECT_EQ(web->GetDivAngle(), 0.0);
+  EXPECT_EQ(web->GetWingNum({1, 2}, 0.1), -1);
+}
+
+TEST_F(Cobwebs, OnlyItsOwnTransformsMoveIt) {
+  web->TranslateBy(CQdrGeVector2d(9, 9));
+  EXPECT_EQ(web->CopyEntity(true), nullptr);
+  expectNear(web->Center(), {1, 2}, "in place");
+  web->translateBy(CQdrGeVector2d(1, -2));
+  web->rotateBy(qdr::kHalfPi, {0, 0});
+  expectNear(web->Center(), {0, 2}, "turned");
+  expectNear(web->getGripPoint(2), {0, 7}, "the first spoke turns along");
+  web->scaleBy(2, {0, 0});
+  expectNear(web->getGripPoint(2), {0, 14}, "scaled");
+  web->mirror(CQdrGeLine2d(CQdrGePoint2d(0, 0), CQdrGePoint2d(1, 0)));
+  expectNear(web->getGripPoint(2), {0, -14}, "mirrored");
+}
+
+TEST_F(Cobwebs, DrawsOnItselfInItsBox) {
+  const qdr::DrawnBox box = qdr::drawnBox(*web);
+  const std::vector<CQdrGePoint2d> drawn = qdr::test::drawnPoints(*web);
+  ASSERT_FALSE(drawn.empty());
+  for (const CQdrGePoint2d& point : drawn) {
+    EXPECT_EQ(web->isOn(point, 2 * qdr::test::kSketchPixel), 1);
+    EXPECT_TRUE(point.x >= box.minX - 1 && point.x <= box.maxX + 1);
+    EXPECT_TRUE(point.y >= box.minY - 1 && point.y <= box.maxY + 1);
+  }
+  EXPECT_EQ(web->GetWingNum({1, 4}, 0.01), 1);
+  EXPECT_EQ(web->GetWingNum({4, 4}, 0.01), -1);
+}
+
+TEST_F(Cobwebs, SurvivesAFileAndShowsItsFields) {
+  const std::string bytes = qdr::test::bytesOf(*web);
+  EXPECT_EQ(bytes.size(), 83u);
+  CQdrDbCobweb again(&database);
+  qdr::test::readFrom(again, bytes);
+  EXPECT_EQ(qdr::test::bytesOf(again).substr(8), bytes.substr(8));
+  const std::vector<Property> rows = web->getProperty()[QdrDb::eClassCobweb][L"Shape"];
+  ASSERT_EQ(rows.size(), 6u);
+  EXPECT_EQ(rows[0].m_value, L"4");
+  EXPECT_EQ(rows[3].m_name, L"InnerRadius");
+  EXPECT_EQ(rows[3].m_value, L"3.000000");
+}
+
+TEST_F(Cobwebs, RepeatsEntitiesAtItsWings) {
+  struct Row {
+    bool second;
+    bool forward;
+    int wings;
+    std::vector<double> degrees;
+  };
+  const Row rows[] = {{false, true, 4, {90, 180, 270}},
+                      {false, false, 4, {270, 180, 90}},
+                      {true, true, 6, {120, 240}},
+                      {true, false, 6, {240, 120}},
+                      {true, true, 5, {144}}};
+  for (const Row& row : rows) {
+    web->SetWings(row.wings);
+    CQdrDbEntity* line = addFromText(database, "line 2 2 4 2");
+    const std::size_t before = undo.m_undoList.size();
+    if (row.second)
+      web->SetEntity2({line->objectId()}, row.forward);
+    else
+      web->SetEntity({line->objectId()}, row.forward);
+    ASSERT_EQ(undo.m_undoList.size(), before + row.degrees.size());
+    for (std::size_t i = 0; i < row.degrees.size(); ++i) {
+      const tagUndoEditEntity& step = undo.m_undoList[row.degrees.size() - 1 - i];
+      EXPECT_EQ(step.continued, i == 0 ? 0 : 1);
+      auto* copy = static_cast<CQdrDbEntity*>(step.entityId.getPObject());
+      copy->setGripPoints();
+      const CQdrGeVector2d spoke(qdr::toRadians(row.degrees[i]));
+      expectNear(copy->getGripPoint(2), CQdrGePoint2d(1, 2) + spoke * 3.0, "end of the copy");
+    }
+  }
+}
+
+TEST_F(Cobwebs, ExplodesAndLogsItsFields) {
+  ASSERT_TRUE(web->Explode());
+  EXPECT_EQ(undo.m_undoList.size(), 6u);
+  EXPECT_EQ(undo.m_undoList.back().continued, 0);
+  EXPECT_EQ(undo.m_undoList.front().continued, 1);
+
+  tagUndoEditEntity record;
+  record.continued = 0;
+  record.entityId = web->objectId();
+  record.operation = qdr::kUndoRadius;
+  record.vector = QdrXY(8, 2);
+  undo.AddUndo(record);
+  EXPECT_TRUE(undo.Undo());
+  EXPECT_EQ(web->OuterRadius(), 8);
+  EXPECT_EQ(web->InnerRadius(), 2);
+  record.operation = qdr::kUndoWings;
+  record.value = 7;
+  undo.AddUndo(record);
+  EXPECT_TRUE(undo.Undo());
+  EXPECT_EQ(web->Wings(), 7);
+  EXPECT_TRUE(undo.Redo());
+  EXPECT_EQ(web->Wings(), 4);
+}
+
+}  // namespace
