@@ -40,6 +40,7 @@ class Desk {
   std::wstring status() const;
   const std::vector<unsigned>& commands() const { return m_view.commands; }
   ScriptedUi& ui() { return m_platform.ui; }
+  HeadlessInput& input() { return m_platform.input; }
   void resize(int width, int height);
 
  private:
