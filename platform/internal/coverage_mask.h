@@ -29,6 +29,11 @@ class CoverageMask {
     return true;
   }
 
+  /// How many offsets from `offset` on are known to be claimed: 64 or none.
+  int claimedAhead(std::size_t offset) const {
+    return (offset & 63) == 0 && m_bits[offset >> 6] == ~std::uint64_t{0} ? 64 : 0;
+  }
+
  private:
   std::vector<std::uint64_t> m_bits;
   std::vector<std::uint32_t> m_touched;

@@ -26,9 +26,15 @@ void SpanPainter::paintSlowly(Pixel* row, int first, int last, int y) const {
   const std::uint8_t ink = m_hatched ? kHatches[m_hatch][y & 7] : 0xff;
   const auto rowOffset = static_cast<std::size_t>(row - m_pixels.row(0));
   for (int x = first; x <= last; ++x) {
+    const std::size_t offset = rowOffset + static_cast<std::size_t>(x);
+    // Overlapping pieces of a wide stroke pass over what earlier ones have painted.
+    if (const int claimed = m_mask ? m_mask->claimedAhead(offset) : 0) {
+      x += std::min(claimed, last - x + 1) - 1;
+      continue;
+    }
     const bool isInk = ink >> (x & 7) & 1;
     if (!isInk && !m_gaps) continue;
-    if (m_mask && !m_mask->claim(rowOffset + static_cast<std::size_t>(x))) continue;
+    if (m_mask && !m_mask->claim(offset)) continue;
     const PixelOp& op = isInk ? m_op : *m_gaps;
     row[x] = op(row[x]);
   }

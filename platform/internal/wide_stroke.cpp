@@ -248,6 +248,21 @@ std::vector<StrokePoint> distinctPoints(const WidePath& path, double shift) {
   return points;
 }
 
+// Whether the dashes cannot be told from a solid line. Round and square caps close gaps: between
+// round ones of width w a gap g leaves a bite g^2 / 4 w deep, which must show by half a pixel. The
+// same rule, and a limit to the width, bound the number of dashes that reach into the clip.
+bool looksSolid(const DeviceStroke& stroke, double width) {
+  constexpr double kWidestDashed = 16384;
+  const double coarsest = std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
+  if (stroke.dashes.isSolid() || isTooFine(stroke.dashes, coarsest)) return true;
+  if (width > kWidestDashed) return true;
+  if ((stroke.style & PS_ENDCAP_MASK) == PS_ENDCAP_FLAT) return false;
+  double widestGap = 0;
+  for (std::size_t i = 1; i < stroke.dashes.lengths.size(); i += 2)
+    widestGap = std::max(widestGap, stroke.dashes.lengths[i] / coarsest);
+  return widestGap * widestGap < 2 * width;
+}
+
 }  // namespace
 
 void strokeWidePath(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
@@ -259,8 +274,7 @@ void strokeWidePath(const RasterCall& call, const DeviceStroke& stroke, PixelOp 
   const std::vector<StrokePoint> points = distinctPoints(path, shift);
   SpanPainter painter(call.pixels, call.clip, op, call.mask);
   WideStroker stroker(painter, stroke.style, width);
-  const double coarsest = std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
-  if (points.size() < 2 || stroke.dashes.isSolid() || isTooFine(stroke.dashes, coarsest)) {
+  if (points.size() < 2 || looksSolid(stroke, width)) {
     stroker.stroke(points, path.closed && points.size() > 2);
   } else {
     WideDasher(stroker, stroke, call.clip, width).path(points, path);

@@ -195,6 +195,19 @@ TEST(Dashes, WideDashesAreStrokesOfTheirOwn) {
   EXPECT_EQ(canvas.rows(), (std::vector<std::string>{row, row, row}));
 }
 
+// Billions of one-pixel dashes lie under so wide a pen; their round caps close the gaps.
+TEST(Dashes, GapsUnderAVeryWidePenAreClosedByItsCaps) {
+  Canvas canvas(16, 16);
+  const DWORD lengths[] = {1, 1};
+  const LOGBRUSH brush{BS_SOLID, kWhite, 0};
+  CPen pen(PS_GEOMETRIC | PS_USERSTYLE, INT32_MAX, &brush, 2, lengths);
+  canvas.dc.SelectObject(&pen);
+  canvas.dc.SetROP2(R2_XORPEN);
+  canvas.dc.MoveTo(INT32_MIN, 0);
+  canvas.dc.LineTo(INT32_MAX, 0);
+  EXPECT_EQ(canvas.count(kWhite), 256);
+}
+
 TEST(Dashes, AFinePatternOverAHugeLineCostsOnlyWhatIsSeen) {
   Canvas canvas(16, 16);
   const DWORD lengths[] = {1, 1};
