@@ -130,6 +130,7 @@
 #include "entities/arc.h"
 #include "entities/box.h"
 #include "entities/circle.h"
+#include "entities/cobweb.h"
 #include "entities/cspline.h"
 #include "entities/curve.h"
 #include "entities/display_units.h"

@@ -30,10 +30,9 @@ class InputLoop;
 
 /// Commands, prompts, typed input and grips of one drawing.
 ///
-/// A command is one call that blocks, step by step, in message loops inside its input calls, until
-/// it has all its answers or is cancelled. Commands do not nest: while depth() is above 0 a host
-/// refuses to start another one. Until windows are set, prompts go nowhere and input answers 0.
-/// Owns the trackers whose grips are on screen, and the dialog of the array command.
+/// A command is one call that blocks in message loops inside its input calls, until it has all its
+/// answers or is cancelled. Commands do not nest: while depth() is above 0 a host starts no other.
+/// Until windows are set, prompts go nowhere and input answers 0. Owns the trackers on screen.
 class QDR_API CQdrCommandHandler {
  public:
   /// Takes _hPROMPT over and reads the command names of "QdrDb.cmd" beside the host's program.
@@ -55,7 +54,6 @@ class QDR_API CQdrCommandHandler {
   void SetPromptHandle(CQdrPromptHandler* prompts) { m_promptHandler = prompts; }
 
   // Events that the host forwards.
-
   /// A key at idle: Enter, Esc and Space act, see docs/interaction.md; others answer false.
   bool onKeyDown(unsigned key, unsigned repeats, unsigned flags);
   /// Typed characters reach the input line by themselves.
@@ -70,7 +68,6 @@ class QDR_API CQdrCommandHandler {
   void TrackTracker(CWnd* window, CPoint point);
 
   // Commands.
-
   /// Sends the host's number of a command to the display window and keeps it for repetition; 0
   /// does nothing. Always true.
   bool RunCommand(unsigned long number);
@@ -123,7 +120,6 @@ class QDR_API CQdrCommandHandler {
   int GetEntities(int prompt, std::set<CQdrDbEntity*>* entities);
 
   // Prompt and log.
-
   /// Closes the previous line into the log and shows a prompt; a negative number shows nothing.
   void SetPrompt(int id);
   void Prompt(const CString& text);
@@ -154,7 +150,6 @@ class QDR_API CQdrCommandHandler {
   void clearOneShotSnaps();
 
   // Trackers.
-
   /// A tracker of the entity's class for the caller to delete; null for a class that has none.
   CQdrDbEntityTracker* CreateTracker(CWnd* window, CQdrDbEntity* entity,
                                      QdrDb::TransFormOption option, bool create);
