@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "database/database.h"
@@ -277,7 +278,11 @@ int CQdrDbEntityTracker::Track(CWnd* window, CPoint device) {
   return Track(window, device, HitTest(device));
 }
 
+// A tracker that is taken away in its own loop waits in the graveyard until this depth is left,
+// which is the last thing that happens here.
 int CQdrDbEntityTracker::Track(CWnd* window, CPoint device, int handle) {
+  std::optional<qdr::DepthScope> depth;
+  if (m_handler) depth.emplace(*m_handler);
   int result = 0;
   {
     const CurrentTracker current(m_db, *this);
