@@ -53,6 +53,7 @@ class Scan {
   bool findRecord(const TableShape& shape, std::uint64_t from);
   bool looksLikeRecord(const TableShape& shape, std::uint64_t at) const;
   bool findEntity(std::uint64_t behind);
+  bool startsEntity(std::uint64_t at) const;
   bool looksLikeEntity(std::uint64_t at) const;
   bool looksLikeBlockEnd(std::uint64_t at) const;
   bool spend(std::uint64_t bytes);
@@ -315,7 +316,7 @@ bool Scan::entity(const std::wstring& block) {
 bool Scan::isTooLong(const EntityShape& shape, std::uint64_t start, const std::string& object) {
   const std::uint64_t least = kLeadBytes + fixedBytes(shape.own);
   if (m_cursor.at() - start == least || m_cursor.left() < kLeadBytes) return false;
-  if (looksLikeEntity(m_cursor.at()) || looksLikeBlockEnd(m_cursor.at())) return false;
+  if (startsEntity(m_cursor.at()) || looksLikeBlockEnd(m_cursor.at())) return false;
   report(FaultKind::badCount, start, object, "neither an entity nor the end of the block follows");
   return true;
 }
@@ -372,12 +373,19 @@ bool Scan::findRecord(const TableShape& shape, std::uint64_t from) {
   return false;
 }
 
-bool Scan::looksLikeEntity(std::uint64_t at) const {
+// The class of an entity, repeated in its head. Its status may be damaged all the same.
+bool Scan::startsEntity(std::uint64_t at) const {
   const ScanCursor here(m_cursor.bytes(), at);
   const auto type = here.peek<std::int32_t>(0);
   const EntityShape* shape = entityShape(type);
   if (!shape || here.peek<std::int32_t>(kClassTypeBytes + kNumberBytes) != type) return false;
-  if (here.left() < kLeadBytes + fixedBytes(shape->own)) return false;
+  return here.left() >= kLeadBytes + fixedBytes(shape->own);
+}
+
+bool Scan::looksLikeEntity(std::uint64_t at) const {
+  if (!startsEntity(at)) return false;
+  const ScanCursor here(m_cursor.bytes(), at);
+  const EntityShape* shape = entityShape(here.peek<std::int32_t>(0));
   const auto status = here.peek<std::uint8_t>(kClassTypeBytes + kNumberBytes + kClassTypeBytes);
   return (status & shape->status) == shape->status;
 }
