@@ -214,7 +214,6 @@ class QDR_API CQdrCommandHandler {
   bool startOfMeasure(int& prompt, const CQdrGePoint2d* from, CQdrGePoint2d& start);
   double measuredDistance(int prompt, const CQdrGePoint2d& start, CQdrGePoint2d& end);
   void keepResult(int code, const Return_Struct& result);
-  bool typedNumber(int code, double& number) const;
 
   std::vector<CQdrDbEntityTracker*> m_trackers;
   std::set<CQdrDbEntity*> m_trackedEntities;

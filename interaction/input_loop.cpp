@@ -84,6 +84,14 @@ RasterScope::~RasterScope() {
   if (m_dc) m_dc->SetROP2(m_former);
 }
 
+void drawFrame(CDC& dc, CPoint corner1, CPoint corner2) {
+  dc.MoveTo(corner1.x, corner1.y);
+  dc.LineTo(corner2.x, corner1.y);
+  dc.LineTo(corner2.x, corner2.y);
+  dc.LineTo(corner1.x, corner2.y);
+  dc.LineTo(corner1.x, corner1.y);
+}
+
 PenScope::PenScope(CDC* dc, CPen& pen) : m_dc(dc) {
   if (m_dc) m_former = m_dc->SelectObject(&pen);
 }

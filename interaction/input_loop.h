@@ -111,6 +111,9 @@ class RasterScope {
   int m_former = 0;
 };
 
+/// Four lines around the rectangle of two corners, from the first one on and back to it.
+void drawFrame(CDC& dc, CPoint corner1, CPoint corner2);
+
 /// A pen for a scope; a null context is left out.
 class PenScope {
  public:

@@ -1,14 +1,14 @@
 // Points, distances and angles: the raw loop of a pick, and the measures that a rubber line takes.
 
-#include <numbers>
-
 #include "database/database.h"
 #include "geometry/point2d.h"
 #include "interaction/command_handler.h"
+#include "interaction/commands/drawing_step.h"
 #include "interaction/display/display_table_record.h"
 #include "interaction/grid_rounding.h"
 #include "interaction/input_loop.h"
 #include "interaction/one_shot_snaps.h"
+#include "interaction/point_parser.h"
 #include "interaction/trackers/entity_tracker.h"
 #include "platform/window.h"
 
@@ -24,10 +24,6 @@ struct Pick {
   bool given = false;  // a point was picked or typed
   bool done = false;
 };
-
-double radiansOf(double degrees) {
-  return degrees * std::numbers::pi / 180.0;
-}
 
 // The raw loop of GetGePoint, one member per kind of message.
 class PointLoop {
@@ -195,18 +191,6 @@ void CQdrCommandHandler::keepResult(int code, const Return_Struct& result) {
   m_lastResult.value.text = m_typedText.data();
 }
 
-// The number in an answer that is no pick; a text counts as the number it begins with.
-bool CQdrCommandHandler::typedNumber(int code, double& number) const {
-  if (code == qdr::kInputNumber) {
-    number = m_lastResult.value.number[0];
-  } else if (code == qdr::kInputText) {
-    number = _wtof(m_typedText.c_str());
-  } else {
-    return false;
-  }
-  return true;
-}
-
 // The point that a measure starts from: given, or asked under the prompt. `prompt` becomes that of
 // the second point.
 bool CQdrCommandHandler::startOfMeasure(int& prompt, const CQdrGePoint2d* from,
@@ -245,7 +229,7 @@ double CQdrCommandHandler::measuredDistance(int prompt, const CQdrGePoint2d& sta
     return start.distanceTo(end);
   }
   double distance = -1.0;
-  typedNumber(result, distance);
+  qdr::typedNumber(result, m_lastResult, distance);
   return distance;
 }
 
@@ -255,6 +239,6 @@ double CQdrCommandHandler::GetAngle(int prompt, CQdrGePoint2d* from) {
   const int result = trackFrom(prompt, start, L"");
   if (result == qdr::kInputPick) return start.angleTo(m_database->m_lastPoint);
   double degrees = 0.0;
-  typedNumber(result, degrees);
-  return radiansOf(degrees);
+  qdr::typedNumber(result, m_lastResult, degrees);
+  return qdr::typedRadians(degrees);
 }

@@ -20,6 +20,10 @@ bool standsInside(std::size_t position) {
 
 namespace qdr {
 
+double typedRadians(double degrees) {
+  return degrees * std::numbers::pi / 180.0;
+}
+
 TypedAnswer parseTyped(const std::wstring& text, const CQdrGePoint2d& start) {
   TypedAnswer answer;
   const std::size_t comma = text.find(L',');
@@ -32,7 +36,7 @@ TypedAnswer parseTyped(const std::wstring& text, const CQdrGePoint2d& start) {
   if (comma == std::wstring::npos && standsInside(corner)) {
     const double distance = numberAt(text, 0, corner);
     if (!(distance > 0.0)) return answer;
-    const double angle = numberAt(text, corner + 1, std::wstring::npos) * std::numbers::pi / 180.0;
+    const double angle = typedRadians(numberAt(text, corner + 1, std::wstring::npos));
     answer.code = kInputPoint;
     answer.point.set(start.x + distance * std::cos(angle), start.y + distance * std::sin(angle));
     return answer;

@@ -8,6 +8,9 @@
 
 namespace qdr {
 
+/// A typed angle in radians: times pi, then over 180, the last digit of which typed arcs rely on.
+QDR_API double typedRadians(double degrees);
+
 /// What a typed answer means.
 struct TypedAnswer {
   InputResult code = kInputText;  ///< kInputPoint, kInputNumber or kInputText

@@ -1,12 +1,12 @@
 // qdr: works on drawings from the command line.
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
+#include <cstddef>
 #include <iostream>
 
 #include "database/file/drawing_scanner.h"
+#include "platform/file.h"
 #include "platform/wide_string.h"
 #include "tools/verbs.h"
 
@@ -24,12 +24,16 @@ bool loadFile(const std::string& path, std::string& bytes) {
 }
 
 bool saveFile(const std::string& path, const std::string& bytes) {
-  errno = 0;
-  std::ofstream file(path, std::ios::binary);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (file) return true;
-  reportTrouble(path, errno != 0 ? std::strerror(errno) : "cannot be written");
+  constexpr std::size_t kMostAtOnce = 1 << 30;
+  CFile file;
+  if (file.Open(CString(path.c_str()), CFile::modeCreateWrite)) {
+    for (std::size_t at = 0; at < bytes.size(); at += kMostAtOnce) {
+      const std::size_t count = std::min(kMostAtOnce, bytes.size() - at);
+      file.Write(bytes.data() + at, static_cast<unsigned>(count));
+    }
+    if (file.Close()) return true;
+  }
+  reportTrouble(path, file.lastError());
   return false;
 }
 

@@ -1,7 +1,6 @@
 // Commands that draw circles and arcs.
 
 #include <memory>
-#include <numbers>
 #include <utility>
 
 #include "database/database.h"
@@ -9,6 +8,7 @@
 #include "entities/circle.h"
 #include "entities/display_units.h"
 #include "interaction/commands/drawing_step.h"
+#include "interaction/point_parser.h"
 #include "interaction/trackers/arc_tracker.h"
 #include "interaction/trackers/circle_tracker.h"
 #include "platform/window.h"
@@ -17,10 +17,6 @@ namespace {
 
 constexpr double kPlaceholderRadius = 1.0;
 constexpr double kPlaceholderSweep = 0.1;
-
-double radiansOf(double degrees) {
-  return degrees * std::numbers::pi / 180.0;
-}
 
 // Ways in which an arc is drawn; the host calls again with the one that the user chose.
 enum ArcOption : unsigned long {
@@ -142,7 +138,7 @@ CQdrDbEntity* CQdrCommandHandler::arcToEndAngle(CQdrDbArc* draft) {
   const int result = qdr::trackDraft(*this, tracker, arc->Center(), QdrDb::ePromptEndAngle);
   double degrees = 0.0;
   if (qdr::typedNumber(result, tracker.resBuffer(), degrees)) {
-    arc->setEndAngle(radiansOf(degrees));
+    arc->setEndAngle(qdr::typedRadians(degrees));
   } else if (result == qdr::kInputPoint) {
     arc->setEndAngle(arc->Center().angleTo(qdr::typedPoint(tracker.resBuffer())));
   } else if (!qdr::accepted(result)) {

@@ -105,11 +105,7 @@ void CQdrDbDisplayTrecker::eraseRubber() {
 }
 
 void CQdrDbDisplayTrecker::DrawRect(CPoint corner1, CPoint corner2) {
-  m_dc->MoveTo(corner1.x, corner1.y);
-  m_dc->LineTo(corner2.x, corner1.y);
-  m_dc->LineTo(corner2.x, corner2.y);
-  m_dc->LineTo(corner1.x, corner2.y);
-  m_dc->LineTo(corner1.x, corner1.y);
+  qdr::drawFrame(*m_dc, corner1, corner2);
 }
 
 void CQdrDbDisplayTrecker::DrawRubber() {

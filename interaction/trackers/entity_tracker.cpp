@@ -28,14 +28,6 @@ CRect gripRect(const CQdrGePoint2d& grip, const CSize& size, double scale) {
           qdr::truncToInt(top + size.cy * scale)};
 }
 
-void drawFrame(CDC& dc, const CRect& rect) {
-  dc.MoveTo(rect.left, rect.top);
-  dc.LineTo(rect.right, rect.top);
-  dc.LineTo(rect.right, rect.bottom);
-  dc.LineTo(rect.left, rect.bottom);
-  dc.LineTo(rect.left, rect.top);
-}
-
 // Names a tracker as the one that runs, also when an exception passes through its loop.
 class CurrentTracker {
  public:
@@ -147,7 +139,8 @@ bool CQdrDbEntityTracker::DrawBoxis() {
   CPen pen(PS_SOLID, m_rubberWidth, m_gripColor);
   const qdr::PenScope scope(m_dc, pen);
   for (const CQdrGePoint2d& grip : *m_gripPoints) {
-    drawFrame(*m_dc, gripRect(grip, m_gripSize, m_gripScale));
+    const CRect box = gripRect(grip, m_gripSize, m_gripScale);
+    qdr::drawFrame(*m_dc, box.TopLeft(), box.BottomRight());
   }
   return !m_gripPoints->empty();
 }

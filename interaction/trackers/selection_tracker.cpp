@@ -214,12 +214,7 @@ void CQdrDbSelectionTracker::eraseRubber() {
 }
 
 void CQdrDbSelectionTracker::DrawRect(CPoint corner1, CPoint corner2) {
-  if (!m_dc) return;
-  m_dc->MoveTo(corner1.x, corner1.y);
-  m_dc->LineTo(corner2.x, corner1.y);
-  m_dc->LineTo(corner2.x, corner2.y);
-  m_dc->LineTo(corner1.x, corner2.y);
-  m_dc->LineTo(corner1.x, corner1.y);
+  if (m_dc) qdr::drawFrame(*m_dc, corner1, corner2);
 }
 
 void CQdrDbSelectionTracker::DrawRubber() {
