@@ -8,7 +8,7 @@
 
 namespace qdr {
 
-/// A typed angle in radians: times pi, then over 180, the last digit of which typed arcs rely on.
+/// A typed angle in radians: multiplied by pi first, then divided by 180.
 QDR_API double typedRadians(double degrees);
 
 /// What a typed answer means.
