@@ -3,10 +3,10 @@
 #include <cmath>
 #include <memory>
 
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/circle.h"
 #include "entities/display_units.h"
+#include "entities/internal/angle_steps.h"
+#include "entities/internal/chain_drawing.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/internal/property_rows.h"
 #include "entities/internal/trim_scheme.h"
@@ -130,10 +130,7 @@ CQdrDbRect CQdrDbArc::GetOutRect() {
 
 void CQdrDbArc::Draw(CDC* dc) {
   if (!dc || !isVisiable()) return;
-  const std::vector<CPoint> polygon = drawnPolygon();
-  CPen* former = setPen(dc);
-  dc->Polyline(polygon.data(), static_cast<int>(polygon.size()));
-  RemovePen(dc, former);
+  qdr::drawPoints(*dc, *this, drawnPolygon());
 }
 
 void CQdrDbArc::setGripPoints() {
@@ -153,18 +150,12 @@ bool CQdrDbArc::checkInside(const CQdrGePoint2d& corner1, const CQdrGePoint2d& c
 }
 
 void CQdrDbArc::moveStart(double angle) {
-  tagUndoEditEntity record = qdr::undoRecord(*this, qdr::kUndoAngle);
-  record.index = 0;
-  record.vector = CQdrGeVector2d(StartAngle());
-  qdr::addUndo(*this, record);
+  qdr::recordAngle(*this, 0, StartAngle());
   setStartAngle(angle);
 }
 
 void CQdrDbArc::moveEnd(double angle) {
-  tagUndoEditEntity record = qdr::undoRecord(*this, qdr::kUndoAngle);
-  record.index = 1;
-  record.vector = CQdrGeVector2d(EndAngle());
-  qdr::addUndo(*this, record);
+  qdr::recordAngle(*this, 1, EndAngle());
   setEndAngle(angle);
 }
 

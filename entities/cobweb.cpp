@@ -8,11 +8,11 @@
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
 #include "entities/circle.h"
-#include "entities/curve.h"
 #include "entities/display_units.h"
 #include "entities/internal/curve_crossings.h"
 #include "entities/internal/property_rows.h"
 #include "entities/internal/trim_scheme.h"
+#include "entities/internal/window_tests.h"
 #include "entities/line.h"
 #include "entities/rect.h"
 #include "geometry/angle.h"
@@ -236,8 +236,7 @@ int CQdrDbCobweb::isOn(const CQdrGePoint2d& point, const double& tol) {
 }
 
 bool CQdrDbCobweb::checkInsideOrCross(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) {
-  for (const CQdrGePoint2d& grip : m_gripPoints)
-    if (IsInsideRect(corner1, corner2, grip)) return true;
+  if (qdr::anyInside(m_gripPoints, corner1, corner2)) return true;
   if (qdr::crossesRect(CQdrGeCircArc2d(m_center, m_innerRadius), corner1, corner2)) return true;
   if (qdr::crossesRect(CQdrGeCircArc2d(m_center, m_outerRadius), corner1, corner2)) return true;
   for (std::size_t k = 0; k < wingCount(); ++k)
@@ -247,17 +246,14 @@ bool CQdrDbCobweb::checkInsideOrCross(const CQdrGePoint2d& corner1, const CQdrGe
 }
 
 bool CQdrDbCobweb::checkInside(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) {
-  return std::ranges::all_of(m_gripPoints, [&](const CQdrGePoint2d& grip) {
-    return IsInsideRect(corner1, corner2, grip);
-  });
+  return qdr::allInside(m_gripPoints, corner1, corner2);
 }
 
 bool CQdrDbCobweb::intersectWith(CQdrDbEntity& other, int& count,
                                  std::vector<CQdrGePoint2d>& points, int mode, double tol) {
   count = 0;
-  if (!other.IsCurveEntity()) return false;
   CQdrGePolyline2d scratch;
-  const auto shape = qdr::crossingShape(*static_cast<CQdrDbCurve&>(other).curve(), scratch);
+  const auto shape = qdr::crossingShape(other, scratch);
   return shape && crossParts(*this, *shape, count, points, mode, tol);
 }
 
@@ -307,8 +303,8 @@ void CQdrDbCobweb::SetEntity(const std::set<CQdrDbObjectId>& ids, bool forward) 
 void CQdrDbCobweb::SetEntity2(const std::set<CQdrDbObjectId>& ids, bool forward) {
   const std::set<CQdrDbObjectId> sources(ids);
   const int wings = static_cast<int>(wingCount());
-  // Upward the last place is below wings - 1, downward it is above 1.
-  for (int i = 2; i < wings - 1; i += 2)
+  // Behind the first place, upward the last one is below wings - 1, downward it is above 1.
+  for (int i = 2; i < std::max(wings - 1, std::min(wings, 3)); i += 2)
     CopyRotate(sources, forward ? i : wings - i, i == 2 ? 0 : 1);
 }
 

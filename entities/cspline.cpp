@@ -3,6 +3,7 @@
 #include "database/database.h"
 #include "database/file/field_stream.h"
 #include "entities/display_units.h"
+#include "entities/internal/chain_drawing.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/polyline.h"
 #include "entities/rect.h"
@@ -113,9 +114,7 @@ void CQdrDbCSpline::Draw(CDC* dc) {
   points.reserve(samples->size());
   for (const CQdrGePoint2d& sample : *samples)
     points.push_back(qdr::toLogical(sample));
-  CPen* former = setPen(dc);
-  dc->Polyline(points.data(), static_cast<int>(points.size()));
-  RemovePen(dc, former);
+  qdr::drawPoints(*dc, *this, points);
 }
 
 void CQdrDbCSpline::setGripPoints() {

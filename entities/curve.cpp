@@ -6,6 +6,7 @@
 #include "database/block_table.h"
 #include "database/database.h"
 #include "entities/internal/curve_crossings.h"
+#include "entities/internal/window_tests.h"
 #include "entities/rect.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
@@ -63,9 +64,8 @@ void CQdrDbCurve::Reverse() {}
 bool CQdrDbCurve::intersectWith(CQdrDbEntity& other, int& count, std::vector<CQdrGePoint2d>& points,
                                 int mode, double tol) {
   count = 0;
-  if (!other.IsCurveEntity()) return false;
   CQdrGePolyline2d scratch;
-  const auto shape = qdr::crossingShape(*static_cast<CQdrDbCurve&>(other).m_curve, scratch);
+  const auto shape = qdr::crossingShape(other, scratch);
   if (!shape) return false;
   return std::visit(
       [&](const auto* curve) { return intersectWith(*curve, count, points, mode, tol); }, *shape);
@@ -105,17 +105,16 @@ bool CQdrDbCurve::crossesRect(const CQdrGePoint2d& corner1, const CQdrGePoint2d&
 
 bool CQdrDbCurve::anyGripInside(std::size_t first, std::size_t last, const CQdrGePoint2d& corner1,
                                 const CQdrGePoint2d& corner2) const {
-  for (std::size_t i = first; i < std::min(last, m_gripPoints.size()); ++i)
-    if (IsInsideRect(corner1, corner2, m_gripPoints[i])) return true;
-  return false;
+  const std::span<const CQdrGePoint2d> grips(m_gripPoints);
+  last = std::min(last, grips.size());
+  return first < last && qdr::anyInside(grips.subspan(first, last - first), corner1, corner2);
 }
 
 bool CQdrDbCurve::allGripsInside(std::size_t first, std::size_t last, const CQdrGePoint2d& corner1,
                                  const CQdrGePoint2d& corner2) const {
-  if (m_gripPoints.size() < last || first == last) return false;
-  for (std::size_t i = first; i < last; ++i)
-    if (!IsInsideRect(corner1, corner2, m_gripPoints[i])) return false;
-  return true;
+  const std::span<const CQdrGePoint2d> grips(m_gripPoints);
+  return last <= grips.size() &&
+         qdr::allInside(grips.subspan(first, last - first), corner1, corner2);
 }
 
 double CQdrDbCurve::paramAtDist(double from, double distance, bool forward, double tol) const {

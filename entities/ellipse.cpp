@@ -7,6 +7,7 @@
 #include "entities/circle.h"
 #include "entities/display_units.h"
 #include "entities/ellipse_arc.h"
+#include "entities/internal/chain_drawing.h"
 #include "entities/internal/ellipse_parts.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/internal/trim_scheme.h"
@@ -121,10 +122,7 @@ CQdrDbRect CQdrDbEllipse::GetOutRect() {
 
 void CQdrDbEllipse::Draw(CDC* dc) {
   if (!dc || !isVisiable()) return;
-  const std::vector<CPoint> polygon = drawnPolygon();
-  CPen* former = setPen(dc);
-  dc->Polyline(polygon.data(), static_cast<int>(polygon.size()));
-  RemovePen(dc, former);
+  qdr::drawPoints(*dc, *this, drawnPolygon());
 }
 
 void CQdrDbEllipse::DrawA(CDC* dc) {

@@ -2,10 +2,10 @@
 
 #include <memory>
 
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/display_units.h"
 #include "entities/ellipse.h"
+#include "entities/internal/angle_steps.h"
+#include "entities/internal/chain_drawing.h"
 #include "entities/internal/ellipse_parts.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/internal/trim_scheme.h"
@@ -162,10 +162,7 @@ CQdrDbRect CQdrDbEllipseArc::GetOutRect() {
 
 void CQdrDbEllipseArc::Draw(CDC* dc) {
   if (!dc || !isVisiable()) return;
-  const std::vector<CPoint> polygon = drawnPolygon();
-  CPen* former = setPen(dc);
-  dc->Polyline(polygon.data(), static_cast<int>(polygon.size()));
-  RemovePen(dc, former);
+  qdr::drawPoints(*dc, *this, drawnPolygon());
 }
 
 void CQdrDbEllipseArc::DrawA(CDC* dc) {
@@ -201,18 +198,12 @@ bool CQdrDbEllipseArc::checkInside(const CQdrGePoint2d& corner1, const CQdrGePoi
 }
 
 void CQdrDbEllipseArc::moveStart(double angle) {
-  tagUndoEditEntity record = qdr::undoRecord(*this, qdr::kUndoAngle);
-  record.index = 0;
-  record.vector = CQdrGeVector2d(StartAngle());
-  qdr::addUndo(*this, record);
+  qdr::recordAngle(*this, 0, StartAngle());
   SetStartAngle(angle);
 }
 
 void CQdrDbEllipseArc::moveEnd(double angle) {
-  tagUndoEditEntity record = qdr::undoRecord(*this, qdr::kUndoAngle);
-  record.index = 1;
-  record.vector = CQdrGeVector2d(EndAngle());
-  qdr::addUndo(*this, record);
+  qdr::recordAngle(*this, 1, EndAngle());
   SetEndAngle(angle);
 }
 

@@ -176,9 +176,8 @@ bool CQdrDbPolyline::IsClosedCurve() {
 bool CQdrDbPolyline::intersectWith(CQdrDbEntity& other, int& count,
                                    std::map<double, CQdrGePoint2d>& result, int mode, double tol) {
   count = static_cast<int>(result.size());
-  if (!other.IsCurveEntity()) return false;
   CQdrGePolyline2d scratch;
-  const auto shape = qdr::crossingShape(*static_cast<CQdrDbCurve&>(other).curve(), scratch);
+  const auto shape = qdr::crossingShape(other, scratch);
   if (!shape) return false;
   return std::visit(
       [&](const auto* curve) { return intersectWith(*curve, count, result, mode, tol); }, *shape);

@@ -175,7 +175,6 @@ class QDR_API CQdrDbPolyline : public CQdrDbCurve {
  private:
   /// Refreshes the grips after an operation that succeeded; passes its answer on.
   bool changed(bool done);
-  void drawArc(CDC& dc, const CQdrGePoint2d& from, const CQdrGePoint2d& to, double bulge) const;
   /// Fillet without the grips.
   bool filletCorner(int segment, double place, double radius);
   /// `count` vertices are about to divide a segment, whose bulge becomes `bulge`.

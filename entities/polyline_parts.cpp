@@ -3,15 +3,12 @@
 #include <cmath>
 #include <memory>
 
-#include "database/database.h"
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
-#include "entities/arc.h"
+#include "entities/internal/chain_explode.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/internal/polyline_steps.h"
-#include "entities/internal/trim_scheme.h"
-#include "entities/line.h"
 #include "entities/polyline.h"
+#include "geometry/circ_arc2d.h"
+#include "geometry/line2d.h"
 
 namespace {
 
@@ -57,29 +54,6 @@ CQdrGePolyline2d withPoints(const CQdrGePolyline2d& chain, int segment,
   return result;
 }
 
-// The line or arc of a segment with the looks of the polyline; null for any other segment.
-std::unique_ptr<CQdrDbEntity> entityOfSegment(const CQdrDbPolyline& polyline, int segment) {
-  std::unique_ptr<CQdrDbEntity> entity;
-  CQdrGeLine2d line;
-  CQdrGeCircArc2d arc;
-  if (polyline.GetLineSegAt(segment, line)) {
-    auto made = std::make_unique<CQdrDbLine>(polyline.database());
-    made->set(line.startPoint(), line.endPoint());
-    entity = std::move(made);
-  } else if (polyline.GetArcSegAt(segment, arc)) {
-    auto made = std::make_unique<CQdrDbArc>(polyline.database());
-    made->set(arc.center(), arc.radius(), arc.startAng(), arc.endAng());
-    entity = std::move(made);
-  } else {
-    return nullptr;
-  }
-  entity->setColor(polyline.ColorId());
-  entity->setLayer(polyline.LayerId());
-  entity->setLineType(polyline.LineTypeId());
-  entity->setLineWeight(polyline.LineWeight());
-  return entity;
-}
-
 }  // namespace
 
 // Each step finds its vertex behind the segment when it is taken back, the newest first; vertices
@@ -114,22 +88,7 @@ bool CQdrDbPolyline::DivideSegment(int parts, int segment, bool record) {
 }
 
 bool CQdrDbPolyline::Explode() {
-  if (!m_database) return false;
-  CQdrDbEntity* entity = nullptr;
-  bool first = true;
-  for (int i = 0; i < NumVerts(); ++i) {
-    if (std::unique_ptr<CQdrDbEntity> made = entityOfSegment(*this, i)) entity = made.release();
-    // A vertex without a segment hands the entity before it over again.
-    if (!entity) continue;
-    CQdrDbObjectId id;
-    m_database->addEntity(entity, id);
-    tagUndoEditEntity record = qdr::undoRecord(*entity, qdr::kUndoRestored);
-    record.continued = first ? 0 : 1;
-    record.extraId = entity->ownerId();
-    qdr::addUndo(*entity, record);
-    first = false;
-  }
-  return entity != nullptr;
+  return qdr::explodeChain(*this, m_polyline);
 }
 
 int CQdrDbPolyline::Offset(const CQdrGePoint2d& side, std::vector<CQdrDbEntity*>& results,

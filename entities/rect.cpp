@@ -4,10 +4,10 @@
 
 #include "database/file/field_stream.h"
 #include "database/sym_point.h"
-#include "entities/curve.h"
 #include "entities/display_units.h"
 #include "entities/internal/curve_crossings.h"
 #include "entities/internal/property_rows.h"
+#include "entities/internal/window_tests.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 #include "platform/device_context.h"
@@ -163,28 +163,21 @@ int CQdrDbRect::isOn(const CQdrGePoint2d& point, const double& tol) {
 }
 
 bool CQdrDbRect::checkInsideOrCross(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) {
-  const auto inside = [&](const CQdrGePoint2d& grip) {
-    return IsInsideRect(corner1, corner2, grip);
-  };
-  if (std::any_of(m_gripPoints.begin(), m_gripPoints.end(), inside)) return true;
+  if (qdr::anyInside(m_gripPoints, corner1, corner2)) return true;
   CQdrGePolyline2d sides;
   getPolyline(sides);
   return qdr::crossesRect(sides, corner1, corner2);
 }
 
 bool CQdrDbRect::checkInside(const CQdrGePoint2d& corner1, const CQdrGePoint2d& corner2) {
-  const auto inside = [&](const CQdrGePoint2d& grip) {
-    return IsInsideRect(corner1, corner2, grip);
-  };
-  return !m_gripPoints.empty() && std::all_of(m_gripPoints.begin(), m_gripPoints.end(), inside);
+  return qdr::allInside(m_gripPoints, corner1, corner2);
 }
 
 bool CQdrDbRect::intersectWith(CQdrDbEntity& other, int& count, std::vector<CQdrGePoint2d>& points,
                                int mode, double tol) {
   count = 0;
-  if (!other.IsCurveEntity()) return false;
   CQdrGePolyline2d scratch;
-  const auto shape = qdr::crossingShape(*static_cast<CQdrDbCurve&>(other).curve(), scratch);
+  const auto shape = qdr::crossingShape(other, scratch);
   return shape && crossSides(*this, *shape, count, points, mode, tol);
 }
 

@@ -1,5 +1,6 @@
 #include "entities/internal/curve_crossings.h"
 
+#include "entities/curve.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/cspline2d.h"
 #include "geometry/ellip_arc2d.h"
@@ -70,6 +71,11 @@ std::optional<CrossingShape> crossingShape(const CQdrGeEntity2d& curve, CQdrGePo
       return &scratch;
   }
   return std::nullopt;
+}
+
+std::optional<CrossingShape> crossingShape(const CQdrDbEntity& entity, CQdrGePolyline2d& scratch) {
+  if (!entity.IsCurveEntity()) return std::nullopt;
+  return crossingShape(*static_cast<const CQdrDbCurve&>(entity).curve(), scratch);
 }
 
 bool crossings(const CQdrGeEntity2d& curve, const CrossingShape& other, int& count, Points& points,

@@ -6,6 +6,7 @@
 
 #include "geometry/polyline2d.h"
 
+class CQdrDbEntity;
 class CQdrGeCircArc2d;
 class CQdrGeEllipArc2d;
 class CQdrGeLine2d;
@@ -19,6 +20,9 @@ using CrossingShape = std::variant<const CQdrGeLine2d*, const CQdrGeCircArc2d*,
 /// The shape of a curve; none for a cubic spline without a curve. It points into `curve`, or into
 /// `scratch` where a polyline has to be made.
 std::optional<CrossingShape> crossingShape(const CQdrGeEntity2d& curve, CQdrGePolyline2d& scratch);
+
+/// The shape of an entity; none for one that is no curve.
+std::optional<CrossingShape> crossingShape(const CQdrDbEntity& entity, CQdrGePolyline2d& scratch);
 
 /// Crossings of a curve with a line, arc, elliptic arc or polyline, as the kernel finds them; they
 /// are appended to `points`. `count` is 0 when there is none. `mode` is a CQdrGeEntity2d::Intersect
