@@ -40,6 +40,9 @@ struct EntityClass {
   /// Own transforms of a class that is no curve; null when the virtual ones leave it alone.
   const EntityTransforms* transforms = nullptr;
 
+  /// What the undo log moves an entity by where the virtual transforms leave it alone; else null.
+  const EntityTransforms* stepTransforms = nullptr;
+
   /// Box of what it draws; null where the box around GetOutRect answers.
   DrawnBox (*drawnBox)(CQdrDbEntity& entity) = nullptr;
 

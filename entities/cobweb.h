@@ -10,8 +10,8 @@
 /// beyond the end of the first spoke.
 ///
 /// A cobweb can be neither copied nor brought by a file, and the virtual transforms leave it alone;
-/// its own, in lower case, move it. The circle called inner may be the larger one. There are at
-/// most a million wings; fewer than one means none.
+/// its own, in lower case, move it, and the undo log goes by them. The circle called inner may be
+/// the larger one. There are at most a million wings; fewer than one means none.
 class QDR_API CQdrDbCobweb : public CQdrDbEntity {
  public:
   static constexpr QdrDb::ClassType kClassType = QdrDb::eClassCobweb;

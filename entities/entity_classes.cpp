@@ -69,6 +69,27 @@ constexpr EntityTransforms kPointTransforms = {
         },
 };
 
+// The virtual transforms leave a cobweb alone; its tracker and the undo log move it. It stays
+// round: a scaling takes the factor of x.
+constexpr EntityTransforms kCobwebSteps = {
+    .transformBy = nullptr,
+    .translateBy =
+        [](CQdrDbEntity& entity, const CQdrGeVector2d& vector) {
+          static_cast<CQdrDbCobweb&>(entity).translateBy(vector);
+        },
+    .rotateBy =
+        [](CQdrDbEntity& entity, double angle, const CQdrGePoint2d& center) {
+          static_cast<CQdrDbCobweb&>(entity).rotateBy(angle, center);
+        },
+    .scaleByXY =
+        [](CQdrDbEntity& entity, double sx, double, const CQdrGePoint2d& center) {
+          static_cast<CQdrDbCobweb&>(entity).scaleBy(sx, center);
+        },
+    .scaleBy = nullptr,
+    .mirror = [](CQdrDbEntity& entity,
+                 const CQdrGeLine2d& line) { static_cast<CQdrDbCobweb&>(entity).mirror(line); },
+};
+
 // A marker without a size of its own is sized in pixels of the view, which `pixels` carries.
 qdr::DrawnBox pointDrawnBox(CQdrDbEntity& entity) {
   const auto& point = static_cast<CQdrDbPoint&>(entity);
@@ -259,6 +280,7 @@ constexpr EntityClass kClasses[] = {
      .status = kPlain,
      .bodyBytes = 83,
      .undo = qdr::playUndoRows<qdr::kCobwebUndo>,
+     .stepTransforms = &kCobwebSteps,
      .drawnBox = cobwebDrawnBox,
      .explodable = true},
     {.type = QdrDb::eClassBlockInsert,

@@ -9,6 +9,7 @@
 #include "entities/cspline.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
+#include "entities/internal/angle_steps.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/spiral.h"
 #include "entities/spline.h"
@@ -24,12 +25,11 @@ void swapRadii(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
   ellipse.setRadii(stored.x, stored.y);
 }
 
-// Angles travel as unit vectors.
 void swapEllipseAngle(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
   auto& arc = static_cast<CQdrDbEllipseArc&>(entity);
-  const double former = CQdrGeVector2d(record.vector).angle();
+  const double former = qdr::storedAngle(record);
   const bool atStart = record.index == 0;
-  record.vector = CQdrGeVector2d(atStart ? arc.StartAngle() : arc.EndAngle());
+  qdr::storeAngle(record, atStart ? arc.StartAngle() : arc.EndAngle());
   if (atStart)
     arc.SetStartAngle(former);
   else

@@ -2,10 +2,13 @@
 #include <utility>
 
 #include "database/block_table_record.h"
+#include "database/entity_classes.h"
 #include "database/undo/undo_handler.h"
 #include "database/undo/undo_operations.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
+#include "entities/internal/angle_steps.h"
+#include "entities/internal/entity_transforms.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/line.h"
 #include "entities/rect.h"
@@ -45,6 +48,23 @@ void restore(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
   record.operation = qdr::kUndoRestored;
 }
 
+constexpr EntityTransforms kVirtualTransforms = {
+    .transformBy = nullptr,
+    .translateBy = [](CQdrDbEntity& entity,
+                      const CQdrGeVector2d& vector) { entity.TranslateBy(vector); },
+    .rotateBy = [](CQdrDbEntity& entity, double angle,
+                   const CQdrGePoint2d& center) { entity.RotateBy(angle, center); },
+    .scaleByXY = [](CQdrDbEntity& entity, double sx, double sy,
+                    const CQdrGePoint2d& center) { entity.ScaleBy(sx, sy, center); },
+    .scaleBy = nullptr,
+    .mirror = [](CQdrDbEntity& entity, const CQdrGeLine2d& line) { entity.Mirror(line); },
+};
+
+const EntityTransforms& transformsOf(const CQdrDbEntity& entity) {
+  const qdr::EntityClass* row = qdr::entityClass(entity.classType());
+  return row && row->stepTransforms ? *row->stepTransforms : kVirtualTransforms;
+}
+
 void finishTransform(CQdrDbEntity& entity) {
   entity.setGripPoints();
   entity.OnCurveChanged();
@@ -52,27 +72,28 @@ void finishTransform(CQdrDbEntity& entity) {
 
 void move(tagUndoEditEntity& record, CQdrDbEntity& entity, bool redo) {
   const CQdrGeVector2d way(record.vector);
-  entity.TranslateBy(redo ? way : -way);
+  transformsOf(entity).translateBy(entity, redo ? way : -way);
   finishTransform(entity);
 }
 
 void mirror(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
-  entity.Mirror(CQdrGeLine2d(record.point, CQdrGeVector2d(record.vector)));
+  transformsOf(entity).mirror(entity, CQdrGeLine2d(record.point, CQdrGeVector2d(record.vector)));
   finishTransform(entity);
 }
 
 void rotate(tagUndoEditEntity& record, CQdrDbEntity& entity, bool redo) {
   const double angle = CQdrGeVector2d(record.vector).angle();
-  entity.RotateBy(redo ? angle : -angle, record.point);
+  transformsOf(entity).rotateBy(entity, redo ? angle : -angle, record.point);
   finishTransform(entity);
 }
 
 void scale(tagUndoEditEntity& record, CQdrDbEntity& entity, bool redo) {
   const QdrXY factor = record.vector;
+  const auto scaleBy = transformsOf(entity).scaleByXY;
   if (redo)
-    entity.ScaleBy(factor.x, factor.y, record.point);
+    scaleBy(entity, factor.x, factor.y, record.point);
   else
-    entity.ScaleBy(1.0 / factor.x, 1.0 / factor.y, record.point);
+    scaleBy(entity, 1.0 / factor.x, 1.0 / factor.y, record.point);
   finishTransform(entity);
 }
 
@@ -113,12 +134,11 @@ void shiftLineEnd(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
   record.vector = -way;
 }
 
-// Angles travel as unit vectors.
 void swapArcAngle(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
   auto& arc = static_cast<CQdrDbArc&>(entity);
-  const double former = CQdrGeVector2d(record.vector).angle();
+  const double former = qdr::storedAngle(record);
   const bool atStart = record.index == 0;
-  record.vector = CQdrGeVector2d(atStart ? arc.StartAngle() : arc.EndAngle());
+  qdr::storeAngle(record, atStart ? arc.StartAngle() : arc.EndAngle());
   if (atStart)
     arc.setStartAngle(former);
   else

@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "database/undo/undo_operations.h"
 #include "entities/box.h"
 #include "entities/cspline.h"
 #include "entities/line.h"
@@ -27,17 +26,6 @@ void expectNear(const CQdrGePoint2d& actual, const CQdrGePoint2d& expected, cons
 
 class BoxesAndSpirals : public testing::Test {
  protected:
-  void record(CQdrDbEntity& entity, qdr::UndoCode code, const QdrXY& vector,
-              const CQdrGePoint2d& point = {}) {
-    tagUndoEditEntity step;
-    step.continued = 0;
-    step.operation = code;
-    step.entityId = entity.objectId();
-    step.vector = vector;
-    step.point = point;
-    m_undo.AddUndo(step);
-  }
-
   CQdrDbDatabase m_database{true};
   CQdrUndoHandler& m_undo = m_database.m_undoHandler;
 };
@@ -72,26 +60,6 @@ TEST_F(BoxesAndSpirals, ABoxCrossesAWindowOverItsSideAndNotAroundIt) {
   EXPECT_FALSE(box->checkInsideOrCross({2, 2}, {8, 8}));
   EXPECT_TRUE(box->checkInside({-1, -1}, {11, 11}));
   EXPECT_FALSE(box->checkInside({-1, -1}, {9, 11}));
-}
-
-TEST_F(BoxesAndSpirals, SizesGoBackAndForthInTheLog) {
-  auto* box = addAs<CQdrDbBox>(m_database, "box 1 2 6 4 90");
-  record(*box, qdr::kUndoVertex, QdrXY(3, 2));
-  EXPECT_TRUE(m_undo.Undo());
-  expectNear(box->GetDiagonPoint(), {-1, 5}, "the stored size");
-  EXPECT_TRUE(m_undo.Redo());
-  expectNear(box->GetDiagonPoint(), {-3, 8}, "and the one before");
-
-  auto* spiral = addAs<CQdrDbSpiral>(m_database, "spiral 4 0 0 4.25 0.75 2 0");
-  // Both radii lie beyond those of the spiral, so they must be taken together.
-  record(*spiral, qdr::kUndoRadius, QdrXY(16.5, 7.5), {8, 0});
-  EXPECT_TRUE(m_undo.Undo());
-  EXPECT_EQ(spiral->MaxRadius(), 16.5);
-  EXPECT_EQ(spiral->MinRadius(), 7.5);
-  expectNear(spiral->getGripPoint(1), {8, 0}, "the polyline follows");
-  EXPECT_TRUE(m_undo.Redo());
-  expectNear(spiral->getGripPoint(1), {1, 0}, "back again");
-  EXPECT_EQ(spiral->OffsetDist(), 2);
 }
 
 TEST_F(BoxesAndSpirals, AStoredSpiralKeepsItsShapeUntilItIsBuiltAnew) {

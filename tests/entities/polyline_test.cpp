@@ -8,7 +8,6 @@
 #include <cmath>
 #include <memory>
 
-#include "database/undo/undo_operations.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/drawn_box.h"
@@ -547,39 +546,6 @@ TEST_F(Polyline, OffsetsToOneAndToAllSides) {
   auto* point = addAs<CQdrDbPolyline>(m_database, "polyline 1 1 0");
   EXPECT_FALSE(point->getOffset({5, 5}, result, 1.0));
   EXPECT_EQ(result, nullptr);
-}
-
-TEST_F(Polyline, UndoesClosingReversingAndTurning) {
-  struct Row {
-    const char* name;
-    const char* text;
-    qdr::UndoCode code;
-    int index;
-    void (*perform)(CQdrDbPolyline& polyline);
-  };
-  const Row rows[] = {
-      {"closing forms a bulge of its own", "polyline -9 0 0 0 -9 0.5 9 0 0", qdr::kUndoClosed, -1,
-       [](CQdrDbPolyline& polyline) { polyline.SetClosed(true); }},
-      {"opening", "loop -9 0 0 0 -9 0.5 9 0 0.25", qdr::kUndoOpened, -1,
-       [](CQdrDbPolyline& polyline) { polyline.SetClosed(false); }},
-      {"reversing", "polyline -9 0 0 0 -9 0.5 9 0 0", qdr::kUndoReversed, -1,
-       [](CQdrDbPolyline& polyline) { polyline.Reverse(); }},
-      {"another start", "loop 0 0 0 10 0 0.5 10 10 0.25 0 10 0", qdr::kUndoStartChanged, 1,
-       [](CQdrDbPolyline& polyline) { polyline.ChangeStart(1); }},
-  };
-  for (const Row& row : rows) {
-    auto* polyline = addAs<CQdrDbPolyline>(m_database, row.text);
-    const std::string before = bytesOf(*polyline);
-    tagUndoEditEntity record;
-    record.continued = 0;
-    record.operation = row.code;
-    record.index = row.index;
-    record.vector.x = polyline->GetBulgeAt(polyline->NumVerts() - 1);
-    record.entityId = polyline->objectId();
-    row.perform(*polyline);
-    m_undo.AddUndo(record);
-    expectUndo(*polyline, before, row.name);
-  }
 }
 
 TEST_F(Polyline, CollectsCrossingsByTheirPlace) {

@@ -21,12 +21,13 @@ void readFrom(CQdrDbObject& object, const std::string& bytes);
 ///     circle cx cy radius      rect left top right bottom        point x y size
 ///     ellipse cx cy majorX majorY ratio
 ///     ellipsearc cx cy majorX majorY ratio startDegrees endDegrees
-///     box x y width height degrees
+///     box x y width height degrees             cobweb cx cy inner outer wings degrees
 ///     spiral chordsPerTurn cx cy maxRadius minRadius pitch startDegrees
 ///     polyline x y bulge x y bulge ...         loop, the same closed
 ///     spline fit x y x y ...           cspline x y option x y option ...
 ///
-/// It has passed through save and read, so whatever a file loses is lost. Null, with a failure of
+/// It has passed through save and read, so whatever a file loses is lost; not so a cobweb, which
+/// no file brings. Null, with a failure of
 /// the running test, for a text that is none of these.
 std::unique_ptr<CQdrDbEntity> entityFromText(CQdrDbDatabase& database, std::string_view text);
 
