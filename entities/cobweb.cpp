@@ -1,7 +1,7 @@
 #include "entities/cobweb.h"
 
 #include <algorithm>
-#include <memory>
+#include <utility>
 
 #include "database/database.h"
 #include "database/file/field_stream.h"
@@ -18,6 +18,7 @@
 #include "geometry/angle.h"
 #include "geometry/tolerance.h"
 #include "platform/device_context.h"
+#include "platform/gdi_objects.h"
 
 namespace {
 
@@ -30,6 +31,16 @@ void drawCircle(CDC& dc, const CQdrGePoint2d& center, double radius) {
   const CPoint middle = qdr::toLogical(center);
   dc.MoveTo(qdr::toLogical(CQdrGePoint2d(center.x + radius, center.y)));
   dc.AngleArc(middle.x, middle.y, qdr::toLogical(radius), 0.0F, kFullTurnDegrees);
+}
+
+// What lies under the marker shows through it, and taking it off leaves nothing.
+void drawMarker(CDC& dc, const CPoint& at, int half) {
+  CBrush hollow;
+  const LOGBRUSH style{.lbStyle = BS_HOLLOW, .lbColor = 0, .lbHatch = 0};
+  hollow.CreateBrushIndirect(&style);
+  CBrush* const former = dc.SelectObject(&hollow);
+  dc.Ellipse(at.x - half, at.y + half, at.x + half, at.y - half);
+  dc.SelectObject(former);
 }
 
 // Crossings of circles and spokes.
@@ -211,8 +222,7 @@ void CQdrDbCobweb::Draw(CDC* dc) {
   const CQdrDbDisplayTableRecord* display =
       m_database ? m_database->m_displayTable.getCurrentRecord() : nullptr;
   const int half = display ? qdr::truncToInt(kMarkerPixels * display->scaleX()) : 0;
-  const CPoint at = qdr::toLogical(getGripPoint(1));
-  if (wingCount() > 0) dc->Ellipse(at.x - half, at.y + half, at.x + half, at.y - half);
+  if (wingCount() > 0) drawMarker(*dc, qdr::toLogical(getGripPoint(1)), half);
   RemovePen(dc, former);
 }
 
@@ -308,18 +318,27 @@ void CQdrDbCobweb::SetEntity2(const std::set<CQdrDbObjectId>& ids, bool forward)
     CopyRotate(sources, forward ? i : wings - i, i == 2 ? 0 : 1);
 }
 
-bool CQdrDbCobweb::Explode() {
-  if (!m_database) return false;
-  int chain = 0;
+std::vector<std::unique_ptr<CQdrDbEntity>> CQdrDbCobweb::parts() const {
+  std::vector<std::unique_ptr<CQdrDbEntity>> parts;
+  parts.reserve(wingCount() + 2);
   const auto add = [&](std::unique_ptr<CQdrDbEntity> part) {
     part->setDatabase(m_database);
     part->CopyEntProperties(*this);
-    addWithStep(*m_database, part.release(), chain);
-    chain = 1;
+    parts.push_back(std::move(part));
   };
   add(std::make_unique<CQdrDbCircle>(m_center, m_innerRadius));
   add(std::make_unique<CQdrDbCircle>(m_center, m_outerRadius));
   for (std::size_t k = 0; k < wingCount(); ++k)
     add(std::make_unique<CQdrDbLine>(m_center, m_gripPoints[2 * k + 2]));
+  return parts;
+}
+
+bool CQdrDbCobweb::Explode() {
+  if (!m_database) return false;
+  int chain = 0;
+  for (std::unique_ptr<CQdrDbEntity>& part : parts()) {
+    addWithStep(*m_database, part.release(), chain);
+    chain = 1;
+  }
   return true;
 }

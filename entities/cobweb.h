@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -80,8 +81,11 @@ class QDR_API CQdrDbCobweb : public CQdrDbEntity {
   /// The same at every second wing.
   void SetEntity2(const std::set<CQdrDbObjectId>& ids, bool forward);
 
-  /// Adds both circles and the spokes to the drawing; the caller erases the cobweb. False without a
-  /// drawing.
+  /// Both circles, the one called inner first, then the spokes: entities of the same looks and the
+  /// same drawing that stand in no block.
+  std::vector<std::unique_ptr<CQdrDbEntity>> parts() const;
+
+  /// Adds its parts to the drawing; the caller erases the cobweb. False without a drawing.
   bool Explode();
 
  private:

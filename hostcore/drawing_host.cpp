@@ -100,6 +100,7 @@ void DrawingHost::adopt(std::unique_ptr<CQdrDbDatabase> database, const std::wst
   m_database = std::move(database);
   m_path = path;
   m_modified = false;
+  m_toldOfStandIns = false;
   bindDatabase();
 }
 

@@ -96,7 +96,8 @@ class QDR_API DrawingHost {
   HostAnswer newDrawing();
   /// On a fault the present drawing stays.
   HostAnswer open(const std::wstring& path);
-  /// On a fault the earlier file stays, and the drawing counts as unsaved.
+  /// On a fault the earlier file stays, and the drawing counts as unsaved. In the file circles and
+  /// lines stand for cobwebs, which one message for each drawing says.
   HostAnswer save(const std::wstring& path);
   bool isModified() const { return m_modified; }
   /// Where the drawing was opened or saved last; empty for a new one.
@@ -158,6 +159,7 @@ class QDR_API DrawingHost {
   std::wstring m_path;
   unsigned long m_nextOption = 0;
   bool m_modified = false;
+  bool m_toldOfStandIns = false;
 };
 
 }  // namespace qdr

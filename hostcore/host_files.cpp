@@ -9,9 +9,12 @@
 #include "database/database.h"
 #include "database/file/drawing_scanner.h"
 #include "hostcore/drawing_host.h"
+#include "hostcore/internal/cobweb_stand_ins.h"
+#include "hostcore/internal/creation_numbers.h"
 #include "platform/file.h"
 #include "platform/file_path.h"
 #include "platform/headless/memory_file.h"
+#include "platform/system.h"
 
 namespace {
 
@@ -23,6 +26,8 @@ constexpr const wchar_t* kApplication = L"K-Ova";
 constexpr std::uint64_t kPlaneBytes = 32;
 constexpr std::uint64_t kFixedBytes =
     qdr::kHeaderBytes + qdr::kVarsBytes + qdr::kDimVarsBytes + kPlaneBytes;
+constexpr const wchar_t* kStandIns =
+    L"A drawing file holds no cobwebs: circles and lines are stored in their place.";
 constexpr int kArchiveBuffer = 4096;
 
 bool isDrawingName(const std::wstring& path) {
@@ -79,27 +84,6 @@ void refillRows(CQdrDbDatabase& database, const qdr::DroppedRows& rows) {
   }
 }
 
-std::uint64_t largestNumberOf(const std::set<CQdrDbObjectId>& ids) {
-  return ids.empty() ? 0 : ids.rbegin()->getPObject()->getCreatedTime();
-}
-
-// The largest creation number of records and entities.
-std::uint64_t largestNumber(CQdrDbDatabase& database) {
-  std::uint64_t largest = 0;
-  const CQdrDbTable* const tables[] = {
-      &database.m_layerTable,     &database.m_colorTable,       &database.m_linetypeTable,
-      &database.m_textStyleTable, &database.m_blockTable,       &database.m_displayTable,
-      &database.m_symbolTable,    &database.m_projectInfoTable, &database.m_revisionTable};
-  for (const CQdrDbTable* table : tables)
-    for (const auto& [name, id] : table->records())
-      largest = std::max(largest, id.getPObject()->getCreatedTime());
-  for (const auto& [name, id] : database.m_blockTable.records()) {
-    auto* block = static_cast<CQdrDbBlockTableRecord*>(id.getPObject());
-    largest = std::max(largest, largestNumberOf(block->getEntitySet()));
-  }
-  return largest;
-}
-
 void readInto(CQdrDbDatabase& database, std::string bytes) {
   const qdr::DroppedRows rows = qdr::scanDroppedRows(bytes);
   qdr::MemoryFile file(std::move(bytes));
@@ -109,7 +93,7 @@ void readInto(CQdrDbDatabase& database, std::string bytes) {
   database.m_pFile = nullptr;
   refillRows(database, rows);
   // A new entity that bore the number of a loaded one would not enter its block.
-  CQdrDbObject::NextHardID = std::max(CQdrDbObject::NextHardID, largestNumber(database) + 1);
+  CQdrDbObject::NextHardID = std::max(CQdrDbObject::NextHardID, qdr::largestNumber(database) + 1);
 }
 
 }  // namespace
@@ -139,8 +123,13 @@ HostAnswer DrawingHost::save(const std::wstring& path) {
   if (!file.Open(path.c_str(), CFile::modeCreateWrite))
     return fileFault(path, fromUtf8(file.lastError()));
   CArchive archive(&file, CArchive::store, kArchiveBuffer, nullptr);
+  bool replaced = false;
   // Without a Close the earlier file stays.
-  const bool written = guarded([&] { m_database->Save(archive); });
+  const bool written = guarded([&] {
+    const CobwebStandIns standIns(*m_database);
+    m_database->Save(archive);
+    replaced = standIns.any();
+  });
   archive.Close();
   const bool stored = written && file.Close();
   m_database->m_pFile = nullptr;
@@ -150,6 +139,7 @@ HostAnswer DrawingHost::save(const std::wstring& path) {
   }
   m_path = path;
   m_modified = false;
+  if (replaced && !std::exchange(m_toldOfStandIns, true)) AfxMessageBox(kStandIns);
   return {};
 }
 

@@ -8,12 +8,14 @@
 #include <string>
 
 #include "database/database.h"
+#include "entities/cobweb.h"
 #include "hostcore/command_numbers.h"
 #include "hostcore/data_folder.h"
 #include "hostcore/page.h"
 #include "hostcore/prompts.h"
 #include "hostcore/script_player.h"
 #include "platform/svg_surface.h"
+#include "tests/support/drawing_bytes.h"
 
 using qdr::HostFault;
 using qdr::ScriptPlayer;
@@ -148,6 +150,79 @@ TEST_F(HostTest, RefusesWhileACommandRuns) {
   while (GetMessageW(&message) > 0)
     host().handle(message);
   EXPECT_FALSE(m_stage.script().isExhausted());
+}
+
+// What memory holds of a drawing: its own save, which leaves no reader anything behind a cobweb,
+// and the undo log.
+std::string inMemory(CQdrDbDatabase& database) {
+  std::string state = qdr_test::savedBytes(database);
+  for (const tagUndoEditEntity& record : database.m_undoHandler.m_undoList)
+    state +=
+        std::to_string(record.operation) + ":" + std::to_string(record.entityId.hardId()) + " ";
+  for (const auto& [name, id] : database.m_blockTable.records()) {
+    auto* block = static_cast<CQdrDbBlockTableRecord*>(id.getPObject());
+    for (const CQdrDbObjectId& member : block->getEntitySet())
+      state += std::to_string(member.hardId()) + (member.isErased() ? "- " : "+ ");
+  }
+  return state;
+}
+
+// A file brings no cobweb: its circles and lines go there, and what is behind it survives.
+TEST_F(HostTest, CirclesAndLinesStandInForASavedCobweb) {
+  const std::string drawing = temporary("cobweb.kov");
+  const std::string again = temporary("cobweb_again.kov");
+  play(".window 0,0 400,300\nline\n0,0\n9,9\n.enter\n");
+  CQdrDbDatabase& database = host().database();
+  const auto add = [&](int wings) {
+    auto* web = new CQdrDbCobweb({100, 100}, 20, 50, wings, 0.25);
+    CQdrDbObjectId id;
+    database.addEntity(web, id);
+    CQdrDbObjectId red;
+    database.m_colorTable.getAt(L"1", red);
+    web->setColor(red);
+    return web;
+  };
+  CQdrDbCobweb* const web = add(5);
+  add(3)->setErased();
+  add(4)->setInVisable();
+  play("rect\n200,200\n300,250\ncircle\n50,250\n20\n.undo\n.pick 120,100\n.expect selected 1\n");
+  ASSERT_TRUE(host().redo());
+  qdr_test::savedBytes(database);  // stamps what a first save stamps
+  const std::string before = inMemory(database);
+  const std::size_t numbered = database.m_entityTable.size();
+  ASSERT_TRUE(host().save(qdr::fromUtf8(drawing)));
+  ASSERT_EQ(m_stage.platform().ui.boxes().size(), 1u);
+  EXPECT_NE(m_stage.platform().ui.boxes()[0].text.find(L"cobwebs"), std::wstring::npos);
+  ASSERT_TRUE(host().save(qdr::fromUtf8(again)));
+  EXPECT_EQ(m_stage.platform().ui.boxes().size(), 1u) << "said once";
+  EXPECT_EQ(database.m_entityTable.size(), numbered);
+  EXPECT_FALSE(web->isErased());
+  // The title of the drawing is that of its last save.
+  ASSERT_TRUE(host().save(qdr::fromUtf8(drawing)));
+  EXPECT_EQ(inMemory(database).substr(qdr::kHeaderBytes), before.substr(qdr::kHeaderBytes));
+  play(".expect selected 1\n.expect count 4\n");
+
+  ASSERT_TRUE(host().open(qdr::fromUtf8(again)));
+  // Beside line, rectangle and circle: two circles and five spokes; those of the hidden one stay
+  // hidden.
+  play(
+      ".expect count 10\n.expect count circle 3\n.expect count line 6\n.expect count rectangle "
+      "1\n");
+  std::size_t red = 0;
+  CQdrDbBlockTableRecord* space = nullptr;
+  ASSERT_TRUE(host().database().m_blockTable.getRecord(L"MODEL_SPACE", space));
+  EXPECT_EQ(space->getNumEntity(), 3u + 7u + 6u);
+  for (const CQdrDbObjectId& id : space->getEntitySet()) {
+    const CQdrDbEntity& entity = *qdr::asEntity(id);
+    red += entity.ColorIndex() == 1;
+  }
+  EXPECT_EQ(red, 7u + 6u);
+  const std::string first = bytesOf(drawing);
+  const std::string second = bytesOf(again);
+  EXPECT_EQ(first.substr(qdr::kHeaderBytes), second.substr(qdr::kHeaderBytes));
+  // A drawing that was read is another drawing, without a cobweb to speak of.
+  ASSERT_TRUE(host().save(qdr::fromUtf8(again)));
+  EXPECT_EQ(m_stage.platform().ui.boxes().size(), 1u);
 }
 
 // A choice of the property combos goes to the selection, in one step of undo, else to what is
