@@ -3,8 +3,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/arc.h"
 #include "entities/display_units.h"
 #include "entities/line.h"
@@ -57,11 +55,21 @@ double tangentBulge(const CQdrGePoint2d& start, const CQdrGeVector2d& direction,
   return std::tan(turn / 2.0);
 }
 
+void leaveAlongTangent(CQdrDbArc& arc, const CQdrDbEntity* previous, const CQdrGePoint2d& start,
+                       const CQdrGePoint2d& end) {
+  CQdrGeVector2d direction;
+  if (!previous || !endDirection(*previous, start, direction)) return;
+  const double bulge = tangentBulge(start, direction, end);
+  if (bulge != 0.0) arc.set(start, end, bulge);
+}
+
 }  // namespace qdr
 
 CQdrArcTracker::CQdrArcTracker(CWnd* window, CQdrDbEntity* arc, QdrDb::TransFormOption option,
                                bool create)
-    : ShapeTracker(eTrackArc, window, arc, option, create) {}
+    : ShapeTracker(eTrackArc, window, arc, option, create) {
+  showGrips();
+}
 
 void CQdrArcTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
   if (!entity) return;
@@ -77,10 +85,7 @@ void CQdrArcTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
 }
 
 void CQdrArcTracker::setTangentEnd(CQdrDbArc& arc, const CQdrGePoint2d& end) const {
-  CQdrGeVector2d direction;
-  if (!m_prevEntity || !qdr::endDirection(*m_prevEntity, startWorld(), direction)) return;
-  const double bulge = qdr::tangentBulge(startWorld(), direction, end);
-  if (bulge != 0.0) arc.set(startWorld(), end, bulge);
+  qdr::leaveAlongTangent(arc, m_prevEntity, startWorld(), end);
 }
 
 void CQdrArcTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) {
@@ -91,15 +96,13 @@ void CQdrArcTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2
   if (grip == kEndGrip) arc.setEndAngle(center.angleTo(mouse));
 }
 
-bool CQdrArcTracker::recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) {
+void CQdrArcTracker::recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) {
   const auto& arc = static_cast<const CQdrDbArc&>(entity);
   if (grip == kRadiusGrip) {
-    record.operation = qdr::kUndoRadius;
-    record.vector.set(arc.Radius(), 0.0);
-    return true;
+    steps.push_back(qdr::undoStep(qdr::kUndoRadius, QdrXY(arc.Radius(), 0.0)));
+    return;
   }
-  record.operation = qdr::kUndoAngle;
-  record.index = grip == kStartGrip ? 0 : 1;
-  record.vector = CQdrGeVector2d(grip == kStartGrip ? arc.StartAngle() : arc.EndAngle());
-  return true;
+  const double angle = grip == kStartGrip ? arc.StartAngle() : arc.EndAngle();
+  steps.push_back(qdr::undoStep(qdr::kUndoAngle, CQdrGeVector2d(angle)));
+  steps.back().index = grip == kStartGrip ? 0 : 1;
 }

@@ -29,7 +29,7 @@ class QDR_API CQdrArcTracker : public qdr::ShapeTracker {
 
  protected:
   void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
-  bool recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) override;
+  void recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) override;
 
  private:
   CQdrGePoint2d m_arcPoint;
@@ -46,5 +46,10 @@ bool endDirection(const CQdrDbEntity& entity, const CQdrGePoint2d& at, CQdrGeVec
 /// straight back, which no arc takes.
 double tangentBulge(const CQdrGePoint2d& start, const CQdrGeVector2d& direction,
                     const CQdrGePoint2d& end);
+
+/// Makes the arc that leaves the previous entity at `start` along its tangent and ends at `end`;
+/// without a previous line or arc, straight on and straight back it stays as it is.
+void leaveAlongTangent(CQdrDbArc& arc, const CQdrDbEntity* previous, const CQdrGePoint2d& start,
+                       const CQdrGePoint2d& end);
 
 }  // namespace qdr

@@ -1,13 +1,13 @@
 #include "interaction/trackers/circle_tracker.h"
 
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/circle.h"
 #include "entities/display_units.h"
 
 CQdrCircleTracker::CQdrCircleTracker(CWnd* window, CQdrDbEntity* circle,
                                      QdrDb::TransFormOption option, bool create)
-    : ShapeTracker(eTrackCircle, window, circle, option, create) {}
+    : ShapeTracker(eTrackCircle, window, circle, option, create) {
+  showGrips();
+}
 
 void CQdrCircleTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
   if (entity) dragGrip(*entity, 1, qdr::toWorld(point));
@@ -18,8 +18,7 @@ void CQdrCircleTracker::dragGrip(CQdrDbEntity& entity, int, const CQdrGePoint2d&
   circle.setRadius(circle.Center().distanceTo(mouse));
 }
 
-bool CQdrCircleTracker::recordGrip(const CQdrDbEntity& entity, int, tagUndoEditEntity& record) {
-  record.operation = qdr::kUndoRadius;
-  record.vector.set(static_cast<const CQdrDbCircle&>(entity).Radius(), 0.0);
-  return true;
+void CQdrCircleTracker::recordGrip(const CQdrDbEntity& entity, int, UndoSteps& steps) {
+  const double radius = static_cast<const CQdrDbCircle&>(entity).Radius();
+  steps.push_back(qdr::undoStep(qdr::kUndoRadius, QdrXY(radius, 0.0)));
 }

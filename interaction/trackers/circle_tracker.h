@@ -14,5 +14,5 @@ class QDR_API CQdrCircleTracker : public qdr::ShapeTracker {
 
  protected:
   void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
-  bool recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) override;
+  void recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) override;
 };

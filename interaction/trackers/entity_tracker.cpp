@@ -28,6 +28,15 @@ CRect gripRect(const CQdrGePoint2d& grip, const CSize& size, double scale) {
           qdr::truncToInt(top + size.cy * scale)};
 }
 
+void drawDiamond(CDC& dc, const CRect& box) {
+  const CPoint center = box.CenterPoint();
+  dc.MoveTo(box.left, center.y);
+  dc.LineTo(center.x, box.top);
+  dc.LineTo(box.right, center.y);
+  dc.LineTo(center.x, box.bottom);
+  dc.LineTo(box.left, center.y);
+}
+
 // Names a tracker as the one that runs, also when an exception passes through its loop.
 class CurrentTracker {
  public:
@@ -138,9 +147,14 @@ bool CQdrDbEntityTracker::DrawBoxis() {
   m_gripScale = view ? view->scaleX() : 0.0;
   CPen pen(PS_SOLID, m_rubberWidth, m_gripColor);
   const qdr::PenScope scope(m_dc, pen);
-  for (const CQdrGePoint2d& grip : *m_gripPoints) {
-    const CRect box = gripRect(grip, m_gripSize, m_gripScale);
-    qdr::drawFrame(*m_dc, box.TopLeft(), box.BottomRight());
+  const std::vector<bool> isDiamond = diamonds();
+  for (std::size_t i = 0; i < m_gripPoints->size(); ++i) {
+    const CRect box = gripRect((*m_gripPoints)[i], m_gripSize, m_gripScale);
+    if (i < isDiamond.size() && isDiamond[i]) {
+      drawDiamond(*m_dc, box);
+    } else {
+      qdr::drawFrame(*m_dc, box.TopLeft(), box.BottomRight());
+    }
   }
   return !m_gripPoints->empty();
 }
@@ -174,11 +188,11 @@ void CQdrDbEntityTracker::UndrawOrigin() {
 }
 
 void CQdrDbEntityTracker::DrawCurrent() {
-  drawCurrentEntity();
+  if (m_currentEntity && m_dc) m_currentEntity->Draw(m_dc);
 }
 
 void CQdrDbEntityTracker::drawCurrentEntity() {
-  if (m_currentEntity && m_dc) m_currentEntity->Draw(m_dc);
+  if (m_currentEntity && m_dc) DrawCurrent();
 }
 
 void CQdrDbEntityTracker::DrawRubber() {

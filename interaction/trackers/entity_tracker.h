@@ -78,6 +78,7 @@ class QDR_API CQdrDbEntityTracker {
   virtual void SetMultiEntity(std::vector<CQdrDbObjectId>*) {}
   virtual bool SelectStitchByWin(CPoint) { return false; }
   virtual void UndrawOrigin();
+  /// Draws the working copy, and what a class shows beside it.
   virtual void DrawCurrent();
   /// Shows the cursor of the grip under the mouse; its index, -1 for none. 0 outside the client
   /// area (any hit code but 1).
@@ -147,6 +148,9 @@ class QDR_API CQdrDbEntityTracker {
 
  protected:
   void showGrips();
+  /// Grips that are marked by a diamond in the place of a box, true by index; those beyond the
+  /// answer are boxes.
+  virtual std::vector<bool> diamonds() const { return {}; }
   CQdrGePoint2d startWorld() const;
   CQdrGePoint2d endWorld() const;
   CQdrGeVector2d dragVector() const { return endWorld() - startWorld(); }

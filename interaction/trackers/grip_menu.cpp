@@ -209,7 +209,7 @@ void CQdrDbEntityTracker::mirrorAlong(int handle, const CQdrGeVector2d& directio
 }
 
 void CQdrDbEntityTracker::copyByMenu(CWnd* window, CPoint point) {
-  CQdrDbEntity* const copy = m_entity->CopyEntity(true);
+  CQdrDbEntity* const copy = CopyEntity(m_entity);
   if (!copy) return;
   int result = qdr::kInputCancel;
   {

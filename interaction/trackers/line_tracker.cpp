@@ -1,7 +1,5 @@
 #include "interaction/trackers/line_tracker.h"
 
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/display_units.h"
 #include "entities/line.h"
 
@@ -14,7 +12,9 @@ constexpr int kEndGrip = 2;
 
 CQdrLineTracker::CQdrLineTracker(CWnd* window, CQdrDbEntity* line, QdrDb::TransFormOption option,
                                  bool create)
-    : ShapeTracker(eTrackLine, window, line, option, create) {}
+    : ShapeTracker(eTrackLine, window, line, option, create) {
+  showGrips();
+}
 
 void CQdrLineTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
   if (entity) static_cast<CQdrDbLine*>(entity)->setEndPoint(qdr::toWorld(point));
@@ -27,11 +27,9 @@ void CQdrLineTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint
 }
 
 // The way back: the old end minus the new one.
-bool CQdrLineTracker::recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) {
+void CQdrLineTracker::recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) {
   const auto& line = static_cast<const CQdrDbLine&>(entity);
   const CQdrGePoint2d old = grip == kStartGrip ? line.StartPoint() : line.EndPoint();
-  record.operation = qdr::kUndoVertex;
-  record.index = grip == kStartGrip ? 0 : 1;
-  record.vector = old - endWorld();
-  return true;
+  steps.push_back(qdr::undoStep(qdr::kUndoVertex, old - endWorld()));
+  steps.back().index = grip == kStartGrip ? 0 : 1;
 }

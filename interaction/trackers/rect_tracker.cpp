@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/display_units.h"
 #include "entities/rect.h"
 
@@ -24,7 +22,9 @@ constexpr GripSides kGrips[] = {
 
 CQdrRectTracker::CQdrRectTracker(CWnd* window, CQdrDbEntity* rect, QdrDb::TransFormOption option,
                                  bool create)
-    : ShapeTracker(eTrackRect, window, rect, option, create) {}
+    : ShapeTracker(eTrackRect, window, rect, option, create) {
+  showGrips();
+}
 
 void CQdrRectTracker::CheckCreateOption(CQdrDbEntity* entity, CPoint& point) {
   if (entity) static_cast<CQdrDbRect*>(entity)->setRightBottom(qdr::toWorld(point));
@@ -43,10 +43,8 @@ void CQdrRectTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint
 }
 
 // Both old corners, whichever side was dragged.
-bool CQdrRectTracker::recordGrip(const CQdrDbEntity& entity, int, tagUndoEditEntity& record) {
+void CQdrRectTracker::recordGrip(const CQdrDbEntity& entity, int, UndoSteps& steps) {
   const auto& rect = static_cast<const CQdrDbRect&>(entity);
-  record.operation = qdr::kUndoVertex;
-  record.point = rect.LeftTop();
-  record.vector = rect.RightBottom().asVector();
-  return true;
+  steps.push_back(qdr::undoStep(qdr::kUndoVertex, rect.RightBottom().asVector()));
+  steps.back().point = rect.LeftTop();
 }

@@ -1,14 +1,28 @@
 #include "interaction/trackers/shape_tracker.h"
 
+#include <cstdint>
+#include <utility>
+
 #include "database/database.h"
-#include "database/undo/undo_operations.h"
-#include "database/undo/undo_record.h"
 #include "entities/entity.h"
 #include "geometry/line2d.h"
 #include "interaction/command_handler.h"
 #include "interaction/input_loop.h"
 
 namespace qdr {
+
+tagUndoEditEntity undoStep(UndoCode operation, const QdrXY& vector) {
+  tagUndoEditEntity step;
+  step.operation = operation;
+  step.vector = vector;
+  return step;
+}
+
+tagUndoEditEntity turnStep(double angle, const CQdrGePoint2d& center) {
+  tagUndoEditEntity step = undoStep(kUndoRotated, CQdrGeVector2d(angle));
+  step.point = center;
+  return step;
+}
 
 ShapeTracker::ShapeTracker(TrackerType type, CWnd* window) : CQdrDbEntityTracker(window) {
   m_trackerType = type;
@@ -23,7 +37,6 @@ ShapeTracker::ShapeTracker(TrackerType type, CWnd* window, CQdrDbEntity* entity,
                            QdrDb::TransFormOption option, bool create)
     : CQdrDbEntityTracker(window, entity, option, create) {
   m_trackerType = type;
-  showGrips();
 }
 
 void ShapeTracker::UpdateEntity(CQdrDbEntity* entity, int handle) {
@@ -66,15 +79,17 @@ CQdrDbEntity* ShapeTracker::CopyEntity(CQdrDbEntity* entity) {
 bool ShapeTracker::ControlEnd(int handle) {
   settlePoint();
   if (!m_currentEntity || !m_entity) return true;
-  tagUndoEditEntity record;
-  // What is not in the drawing yet has nothing to take back.
-  const bool recorded =
-      !m_createMode && isShapeMoved() && m_entity->IsDbEntity() && makeRecord(handle, record);
-  if (recorded) {
-    record.continued = 0;
-    record.entityId = m_entity->objectId();
-    m_db->m_undoHandler.AddUndo(record);
+  if (m_createMode && isMadeByPicks()) {
+    drawCurrentEntity();
+    return true;
   }
+  // What is not in the drawing yet has nothing to take back.
+  if (!m_createMode && isShapeMoved() && m_entity->IsDbEntity()) record(handle);
+  commit();
+  return true;
+}
+
+void ShapeTracker::commit() {
   const bool grips = m_gripsDrawn;
   if (grips) {
     drawCurrentEntity();
@@ -84,34 +99,48 @@ bool ShapeTracker::ControlEnd(int handle) {
   }
   *m_entity = *m_currentEntity;
   if (grips) DrawGripBox(false);
-  return true;
+}
+
+void ShapeTracker::record(int handle) {
+  UndoSteps steps;
+  makeSteps(handle, steps);
+  std::int32_t continued = 0;
+  for (tagUndoEditEntity& step : steps) {
+    step.continued = std::exchange(continued, 1);
+    step.entityId = m_entity->objectId();
+    m_db->m_undoHandler.AddUndo(step);
+  }
 }
 
 // A copy records itself when it is added.
-bool ShapeTracker::makeRecord(int handle, tagUndoEditEntity& record) {
-  record.point = startWorld();
-  record.vector = dragVector();
+void ShapeTracker::makeSteps(int handle, UndoSteps& steps) {
+  const auto transform = [&](UndoCode operation, const QdrXY& vector) {
+    steps.push_back(undoStep(operation, vector));
+    steps.back().point = startWorld();
+  };
   switch (m_transOpt) {
     case QdrDb::eTransformNone:
-      record.operation = kUndoMoved;
-      return handle == 0 || recordGrip(*m_entity, handle, record);
+      if (handle == 0) {
+        transform(kUndoMoved, dragVector());
+      } else {
+        recordGrip(*m_entity, handle, steps);
+      }
+      break;
     case QdrDb::eTransformMove:
-      record.operation = kUndoMoved;
-      return true;
+      transform(kUndoMoved, dragVector());
+      break;
     case QdrDb::eTransformRotate:
-      record.operation = kUndoRotated;
-      return true;
+      transform(kUndoRotated, dragVector());
+      break;
     case QdrDb::eTransformMirror:
-      record.operation = kUndoMirrored;
-      return dragVector().length() != 0.0;
+      if (dragVector().length() != 0.0) transform(kUndoMirrored, dragVector());
+      break;
     case QdrDb::eTransformScale:
-      record.operation = kUndoScaled;
-      record.vector.set(dragScale(), dragScale());
-      return dragScale() > 0.0;
+      if (dragScale() > 0.0) transform(kUndoScaled, QdrXY(dragScale(), dragScale()));
+      break;
     case QdrDb::eTransformCopy:
       break;
   }
-  return false;
 }
 
 }  // namespace qdr

@@ -1,8 +1,17 @@
 #pragma once
 
+#include <vector>
+
+#include "database/undo/undo_operations.h"
+#include "database/undo/undo_record.h"
 #include "interaction/trackers/entity_tracker.h"
 
 namespace qdr {
+
+/// A step of the log that holds one or two old values.
+tagUndoEditEntity undoStep(UndoCode operation, const QdrXY& vector);
+/// One that turns by an angle about a point.
+tagUndoEditEntity turnStep(double angle, const CQdrGePoint2d& center);
 
 /// What the trackers of single shapes do alike: the working copy, the whole-entity transforms, and
 /// the commit of a drag with its undo record. A class adds its grips.
@@ -19,7 +28,7 @@ class ShapeTracker : public CQdrDbEntityTracker {
 
  protected:
   // The shapes of construction that every tracker of an entity has. The first two are bound to an
-  // entity later, and show no grips by themselves.
+  // entity later, and show no grips by themselves; a class calls showGrips in its own third one.
   ShapeTracker(TrackerType type, CWnd* window);
   ShapeTracker(TrackerType type, CWnd* window, CQdrDbDatabase* database, bool create);
   ShapeTracker(TrackerType type, CWnd* window, CQdrDbEntity* entity, QdrDb::TransFormOption option,
@@ -28,12 +37,20 @@ class ShapeTracker : public CQdrDbEntityTracker {
   /// Puts the mouse into a grip of the working copy; `grip` counts from 1.
   virtual void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) = 0;
 
-  /// Fills the record that takes the drag of a grip back, from the entity as it still stands.
-  /// False when there is nothing to record.
-  virtual bool recordGrip(const CQdrDbEntity& entity, int grip, tagUndoEditEntity& record) = 0;
+  using UndoSteps = std::vector<tagUndoEditEntity>;
+
+  /// Appends the steps of the log that the drag of a grip makes, oldest first, from the entity as
+  /// it still stands; the working copy is what it becomes.
+  virtual void recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) = 0;
+
+  /// True for a shape that its command makes vertex by vertex: each pick is the command's to add,
+  /// and what the mouse shows is not taken over.
+  virtual bool isMadeByPicks() const { return false; }
 
  private:
-  bool makeRecord(int handle, tagUndoEditEntity& record);
+  void commit();
+  void record(int handle);
+  void makeSteps(int handle, UndoSteps& steps);
 };
 
 }  // namespace qdr

@@ -5,9 +5,17 @@
 #include "entities/entity.h"
 #include "interaction/command_handler.h"
 #include "interaction/trackers/arc_tracker.h"
+#include "interaction/trackers/box_tracker.h"
 #include "interaction/trackers/circle_tracker.h"
+#include "interaction/trackers/cobweb_tracker.h"
+#include "interaction/trackers/cspline_tracker.h"
+#include "interaction/trackers/ellipse_arc_tracker.h"
+#include "interaction/trackers/ellipse_tracker.h"
 #include "interaction/trackers/line_tracker.h"
+#include "interaction/trackers/polyline_tracker.h"
 #include "interaction/trackers/rect_tracker.h"
+#include "interaction/trackers/spiral_tracker.h"
+#include "interaction/trackers/spline_tracker.h"
 
 namespace {
 
@@ -26,8 +34,16 @@ CQdrDbEntityTracker* makeTracker(CWnd* window, CQdrDbEntity* entity, QdrDb::Tran
 constexpr TrackerRow kTrackers[] = {
     {QdrDb::eClassArc, makeTracker<CQdrArcTracker>},
     {QdrDb::eClassCircle, makeTracker<CQdrCircleTracker>},
+    {QdrDb::eClassEllipse, makeTracker<CQdrEllipseTracker>},
+    {QdrDb::eClassEllipseArc, makeTracker<CQdrEllipseArcTracker>},
     {QdrDb::eClassLine, makeTracker<CQdrLineTracker>},
+    {QdrDb::eClassPolyline, makeTracker<CQdrPolylineTracker>},
+    {QdrDb::eClassSpline, makeTracker<CQdrSplineTracker>},
+    {QdrDb::eClassCSpline, makeTracker<CQdrCSplineTracker>},
+    {QdrDb::eClassSpiral, makeTracker<CQdrSpiralTracker>},
+    {QdrDb::eClassCobweb, makeTracker<CQdrDbCobwebTracker>},
     {QdrDb::eClassRect, makeTracker<CQdrRectTracker>},
+    {QdrDb::eClassBox, makeTracker<CQdrBoxTracker>},
 };
 
 }  // namespace
