@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "entities/arc.h"
@@ -33,8 +32,7 @@ using qdr::test::Desk;
 
 using Entity = std::unique_ptr<CQdrDbEntity>;
 
-// Of every class that has a tracker, in the view of the desk. Cobwebs have no text form of their
-// own, since no file brings one: centre, inner and outer radius, wings, degrees.
+// Of every class that has a tracker, in the view of the desk.
 const char* const kEntities[] = {
     "line 20 20 80 60",
     "arc 60 50 30 20 200",
@@ -56,17 +54,7 @@ class GripsOfClasses : public testing::Test {
  protected:
   ~GripsOfClasses() override { EXPECT_FALSE(desk.script().isExhaustedUnannounced()); }
 
-  Entity made(const std::string& text) {
-    if (text.rfind("cobweb", 0) != 0) return qdr::test::entityFromText(*desk.drawing, text);
-    std::istringstream words(text.substr(6));
-    double n[6] = {};
-    for (double& number : n)
-      words >> number;
-    auto web = std::make_unique<CQdrDbCobweb>(CQdrGePoint2d(n[0], n[1]), n[2], n[3],
-                                              static_cast<int>(n[4]), qdr::toRadians(n[5]));
-    web->setDatabase(desk.drawing.get());
-    return web;
-  }
+  Entity made(const std::string& text) { return qdr::test::entityFromText(*desk.drawing, text); }
 
   CQdrDbEntity* added(const std::string& text) {
     CQdrDbEntity* const entity = made(text).release();
