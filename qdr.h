@@ -49,6 +49,7 @@
 #include "geometry/angle.h"
 #include "geometry/box.h"
 #include "geometry/box_index.h"
+#include "geometry/box_tree.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/construction.h"
 #include "geometry/cspline2d.h"

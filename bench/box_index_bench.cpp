@@ -1,10 +1,13 @@
-// The static index over boxes: building, asking, and all crossings of random segments.
+// The static index over boxes: building, asking, and all crossings of random segments. Beside them
+// what bounds a question from below: a walk over all boxes, and dependent reads from cold memory.
 
 #include "geometry/box_index.h"
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -56,6 +59,38 @@ void queryIndex(benchmark::State& state) {
   state.counters["hits"] = static_cast<double>(hits) / static_cast<double>(state.iterations());
 }
 BENCHMARK(queryIndex)->Arg(100)->Arg(10000)->Arg(1000000);
+
+/// The same question by a walk over every box.
+void queryPlainly(benchmark::State& state) {
+  const auto count = static_cast<std::size_t>(state.range(0));
+  const std::vector<Box> boxes = fieldBoxes(count, 1);
+  const std::vector<Box> areas = fieldBoxes(count, 2);
+  std::size_t next = 0;
+  std::size_t hits = 0;
+  for (auto _ : state) {
+    for (const Box& box : boxes)
+      hits += box.overlaps(areas[next]) ? 1 : 0;
+    next = next + 1 < count ? next + 1 : 0;
+  }
+  state.counters["hits"] = static_cast<double>(hits) / static_cast<double>(state.iterations());
+}
+BENCHMARK(queryPlainly)->Arg(100)->Arg(10000)->Arg(1000000);
+
+/// One read after another of so many bytes, each at a place that the one before names.
+void readColdMemory(benchmark::State& state) {
+  constexpr std::size_t kLine = 64 / sizeof(std::size_t);
+  const std::size_t lines = static_cast<std::size_t>(state.range(0)) / 64;
+  std::vector<std::size_t> order(lines);
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::shuffle(order.begin(), order.end(), std::mt19937(4));
+  std::vector<std::size_t> next(lines * kLine);
+  for (std::size_t i = 0; i < lines; ++i)
+    next[order[i] * kLine] = order[(i + 1) % lines] * kLine;
+  std::size_t place = 0;
+  for (auto _ : state)
+    benchmark::DoNotOptimize(place = next[place]);
+}
+BENCHMARK(readColdMemory)->Arg(1 << 19)->Arg(1 << 24)->Arg(1 << 26);
 
 /// Segments with midpoints over the field and a length of 2000 / sqrt(count).
 std::vector<qdr::TravelSegment> randomSegments(std::size_t count, bool withArcs) {

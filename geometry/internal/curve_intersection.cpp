@@ -81,6 +81,16 @@ Meeting meetCircles(const Circle& a, const Circle& b) {
   return meeting;
 }
 
+/// Whether line `b` lies on one side of the infinite line `a`, clear of any tolerance.
+bool liesBeside(const TravelSegment& a, const TravelSegment& b) {
+  constexpr double kClear = 16.0 * kCurveTolerance * kCurveTolerance;
+  const Vec u = a.end - a.start;
+  const double atStart = cross(u, b.start - a.start);
+  const double atEnd = cross(u, b.end - a.start);
+  const double leastSqrd = kClear * u.lengthSqrd();
+  return atStart * atEnd > 0.0 && atStart * atStart > leastSqrd && atEnd * atEnd > leastSqrd;
+}
+
 bool isNear(const Vec& a, const Vec& b) {
   return distanceSqrd(a, b) <= kCurveTolerance * kCurveTolerance;
 }
@@ -122,8 +132,9 @@ Meeting meetExtended(const TravelSegment& a, const TravelSegment& b) {
 }
 
 Meeting meetSegments(const TravelSegment& a, const TravelSegment& b) {
-  const Meeting extended = meetExtended(a, b);
   Meeting meeting;
+  if (!a.isArc() && !b.isArc() && (liesBeside(a, b) || liesBeside(b, a))) return meeting;
+  const Meeting extended = meetExtended(a, b);
   for (int k = 0; k < extended.count; ++k) {
     const Vec& p = extended.points[k];
     if (holdsPlace(a, p) && holdsPlace(b, p)) meeting.add(p);

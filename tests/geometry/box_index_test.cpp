@@ -29,6 +29,21 @@ std::vector<Box> randomBoxes(std::mt19937& random, std::size_t count) {
   return boxes;
 }
 
+/// Sides on a few whole numbers, far from the origin: most overlaps are of sides that just touch.
+std::vector<Box> latticeBoxes(std::mt19937& random, std::size_t count) {
+  std::uniform_int_distribution<int> place(0, 9);
+  std::vector<Box> boxes;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double x = 1e9 + place(random);
+    const double y = -1e9 + place(random);
+    boxes.push_back({x, y, x + place(random) / 3, y + place(random) / 3});
+    if (i % 50 == 3) boxes.back() = {-1e300, y, 1e300, y};
+    if (i % 70 == 3) boxes.back().maxY = std::numeric_limits<double>::infinity();
+    if (i % 70 == 5) boxes.back().minX = -std::numeric_limits<double>::infinity();
+  }
+  return boxes;
+}
+
 Names overlapping(const BoxIndex& index, const Box& area) {
   Names names;
   index.forEachOverlap(area, [&](std::size_t i) {
@@ -48,23 +63,38 @@ Names plainWalk(const std::vector<Box>& boxes, const Test& test) {
 }
 
 // Counts about every change of the number of levels.
-const std::size_t kCounts[] = {0, 1, 7, 8, 9, 63, 64, 65, 511, 513, 1500};
+const std::size_t kCounts[] = {0, 1, 7, 8, 9, 16, 17, 63, 65, 256, 257, 513, 5000};
+
+void expectPlainAnswers(const std::vector<Box>& boxes, const std::vector<Box>& areas) {
+  const BoxIndex given(boxes, BoxIndex::Order::given);
+  const BoxIndex hilbert(boxes, BoxIndex::Order::hilbert);
+  ASSERT_EQ(given.size(), boxes.size());
+  ASSERT_EQ(hilbert.size(), boxes.size());
+  for (const Box& area : areas) {
+    const Names expected = plainWalk(boxes, [&](const Box& b) { return b.overlaps(area); });
+    EXPECT_EQ(overlapping(given, area), expected) << boxes.size();
+    Names found = overlapping(hilbert, area);
+    EXPECT_EQ(found, overlapping(BoxIndex(boxes, BoxIndex::Order::hilbert), area));
+    std::sort(found.begin(), found.end());
+    EXPECT_EQ(found, expected) << boxes.size();
+    if (!area.overlaps(area)) continue;  // not a number
+    const Names near =
+        plainWalk(boxes, [&](const Box& b) { return b.overlaps(b) && b.distanceSqrd(area) < 1.0; });
+    Names within;
+    hilbert.forEachWithin(area, 1.0, [&](std::size_t i) {
+      within.push_back(i);
+      return true;
+    });
+    std::sort(within.begin(), within.end());
+    EXPECT_EQ(within, near) << boxes.size();
+  }
+}
 
 TEST(BoxIndex, AnswersAreThoseOfThePlainWalk) {
   for (const std::size_t count : kCounts) {
     std::mt19937 random(static_cast<unsigned>(count) + 1);
-    const std::vector<Box> boxes = randomBoxes(random, count);
-    const BoxIndex given(boxes, BoxIndex::Order::given);
-    const BoxIndex hilbert(boxes, BoxIndex::Order::hilbert);
-    ASSERT_EQ(given.size(), count);
-    for (const Box& area : randomBoxes(random, 60)) {
-      const Names expected = plainWalk(boxes, [&](const Box& b) { return b.overlaps(area); });
-      EXPECT_EQ(overlapping(given, area), expected) << count;
-      Names found = overlapping(hilbert, area);
-      EXPECT_EQ(found, overlapping(BoxIndex(boxes, BoxIndex::Order::hilbert), area)) << count;
-      std::sort(found.begin(), found.end());
-      EXPECT_EQ(found, expected) << count;
-    }
+    expectPlainAnswers(randomBoxes(random, count), randomBoxes(random, 60));
+    expectPlainAnswers(latticeBoxes(random, count), latticeBoxes(random, 60));
   }
 }
 
@@ -115,13 +145,28 @@ TEST(BoxIndex, PairsComeInTheOrderOfTwoLoops) {
   }
 }
 
+TEST(BoxIndex, PairsOfOneIndexComeOnceEach) {
+  for (const std::size_t count : {0u, 1u, 8u, 9u, 65u, 600u}) {
+    std::mt19937 random(count);
+    const std::vector<Box> boxes = randomBoxes(random, count);
+    std::vector<std::pair<std::size_t, std::size_t>> found, expected;
+    BoxIndex(boxes, BoxIndex::Order::given)
+        .forEachOverlappingPair([&](std::size_t i, std::size_t j) { found.emplace_back(i, j); });
+    std::sort(found.begin(), found.end());
+    for (std::size_t i = 0; i < count; ++i) {
+      for (std::size_t j = i + 1; j < count; ++j) {
+        if (boxes[i].overlaps(boxes[j])) expected.emplace_back(i, j);
+      }
+    }
+    EXPECT_EQ(found, expected) << count;
+  }
+}
+
 TEST(BoxIndex, BoxesOfNoExtentAndFarAwayAreFound) {
   const double huge = std::numeric_limits<double>::max();
   const std::vector<Box> boxes = {{3, 3, 3, 3}, {3, 3, 3, 3}, {-huge, -huge, huge, huge}, Box()};
-  const BoxIndex index(boxes, BoxIndex::Order::hilbert);
-  Names found = overlapping(index, {3, 3, 3, 3});
-  std::sort(found.begin(), found.end());
-  EXPECT_EQ(found, (Names{0, 1, 2}));
+  expectPlainAnswers(boxes, {{3, 3, 3, 3}, {4, 3, 5, 3}, {-huge, 0, huge, 1}, Box()});
+  expectPlainAnswers({boxes[0], boxes[3]}, {{3, 3, 3, 3}, {4, 3, 5, 3}, {-huge, 0, huge, 9}});
 }
 
 }  // namespace
