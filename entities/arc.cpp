@@ -161,8 +161,8 @@ void CQdrDbArc::moveEnd(double angle) {
 
 CQdrDbEntity* CQdrDbArc::Trim(const CQdrGePoint2d& pick, std::vector<CQdrDbEntity*>& boundaries,
                               double tol) {
-  const qdr::CrossingMap crossings = qdr::boundaryCrossings(*this, boundaries, tol);
-  const qdr::TrimCut cut = qdr::chooseCut(crossings, qdr::paramOfPick(*this, pick));
+  const qdr::TrimCut cut =
+      qdr::chooseCut(*this, qdr::boundaryCrossings(*this, boundaries, tol), pick);
   if (cut.part == qdr::TrimPart::kStart) moveStart(Center().angleTo(cut.after.second));
   if (cut.part == qdr::TrimPart::kEnd) moveEnd(Center().angleTo(cut.before.second));
   if (cut.part != qdr::TrimPart::kMiddle) return nullptr;

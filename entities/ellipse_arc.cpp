@@ -209,8 +209,8 @@ void CQdrDbEllipseArc::moveEnd(double angle) {
 
 CQdrDbEntity* CQdrDbEllipseArc::Trim(const CQdrGePoint2d& pick,
                                      std::vector<CQdrDbEntity*>& boundaries, double tol) {
-  const qdr::CrossingMap crossings = qdr::boundaryCrossings(*this, boundaries, tol);
-  const qdr::TrimCut cut = qdr::chooseCut(crossings, qdr::paramOfPick(*this, pick));
+  const qdr::TrimCut cut =
+      qdr::chooseCut(*this, qdr::boundaryCrossings(*this, boundaries, tol), pick);
   const double before = qdr::angleInFrame(m_arc, cut.before.second);
   const double after = qdr::angleInFrame(m_arc, cut.after.second);
   if (cut.part == qdr::TrimPart::kStart) moveStart(after);

@@ -99,8 +99,8 @@ void CQdrDbLine::moveEnd(const CQdrGePoint2d& point) {
 
 CQdrDbEntity* CQdrDbLine::Trim(const CQdrGePoint2d& pick, std::vector<CQdrDbEntity*>& boundaries,
                                double tol) {
-  const qdr::CrossingMap crossings = qdr::boundaryCrossings(*this, boundaries, tol);
-  const qdr::TrimCut cut = qdr::chooseCut(crossings, qdr::paramOfPick(*this, pick));
+  const qdr::TrimCut cut =
+      qdr::chooseCut(*this, qdr::boundaryCrossings(*this, boundaries, tol), pick);
   if (cut.part == qdr::TrimPart::kStart) moveStart(cut.after.second);
   if (cut.part == qdr::TrimPart::kEnd) moveEnd(cut.before.second);
   if (cut.part != qdr::TrimPart::kMiddle) return nullptr;

@@ -106,8 +106,7 @@ std::map<double, CQdrGePoint2d> CQdrDbPolyline::crossingsWith(
 
 CQdrDbEntity* CQdrDbPolyline::Trim(const CQdrGePoint2d& pick,
                                    std::vector<CQdrDbEntity*>& boundaries, double tol) {
-  const qdr::CrossingMap crossings = crossingsWith(boundaries, tol);
-  const qdr::TrimCut cut = qdr::chooseCut(crossings, qdr::paramOfPick(*this, pick));
+  const qdr::TrimCut cut = qdr::chooseCut(*this, crossingsWith(boundaries, tol), pick);
   if (cut.part == qdr::TrimPart::kNothing) return nullptr;
 
   PolylineSteps steps(*this, m_polyline);

@@ -1,9 +1,11 @@
 #include "entities/internal/trim_scheme.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "database/database.h"
 #include "entities/curve.h"
+#include "geometry/tolerance.h"
 
 namespace qdr {
 
@@ -34,13 +36,18 @@ double paramOfPick(const CQdrDbCurve& curve, const CQdrGePoint2d& pick) {
   return curve.paramAtPoint(onCurve, kCurveTolerance);
 }
 
-TrimCut chooseCut(const CrossingMap& crossings, double pick) {
+TrimCut chooseCut(const CQdrDbCurve& curve, CrossingMap crossings, const CQdrGePoint2d& pick) {
+  const double length = curve.length();
+  std::erase_if(crossings, [&](const CrossingMap::value_type& crossing) {
+    return std::min(crossing.first, 1.0 - crossing.first) * length <= kCoincidentTolerance;
+  });
   if (crossings.empty()) return {};
+  const double param = paramOfPick(curve, pick);
   const auto first = crossings.begin();
   const auto last = std::prev(crossings.end());
-  if (!(pick > first->first)) return {.part = TrimPart::kStart, .after = *first};
-  if (!(last->first > pick)) return {.part = TrimPart::kEnd, .before = *last};
-  const auto after = crossings.lower_bound(pick);
+  if (!(param > first->first)) return {.part = TrimPart::kStart, .after = *first};
+  if (!(last->first > param)) return {.part = TrimPart::kEnd, .before = *last};
+  const auto after = crossings.lower_bound(param);
   return {.part = TrimPart::kMiddle, .before = *std::prev(after), .after = *after};
 }
 

@@ -4,12 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <memory>
 #include <ostream>
 
 #include "database/entity_classes.h"
 #include "database/undo/undo_operations.h"
+#include "entities/curve.h"
+#include "entities/display_units.h"
 #include "entities/drawn_box.h"
 #include "entities/rect.h"
 #include "geometry/angle.h"
@@ -38,8 +41,12 @@ struct EntityRow {
   const char* turned;
   const char* scaled;
   const char* mirrored;
+  /// GetOutRect: left, bottom, right, top.
+  std::array<double, 4> box;
   bool drawsOnItself = true;  ///< what it draws lies on it; not so for markers
   bool recordsUndo = true;
+  bool takenByGrips = false;  ///< a window takes hold of it by grips that lie off it, as told
+  bool bowsOut = false;       ///< all grips inside are taken for the whole of it, which may be more
   bool movesByMatrix = true;  ///< a matrix that only moves does what moving does
 };
 
@@ -58,7 +65,8 @@ const EntityRow kRows[] = {
      .moved = "line 0 -1 8 5",
      .turned = "line -1 -3 -7 5",
      .scaled = "line -7 1 9 13",
-     .mirrored = "line -3 -1 5 -7"},
+     .mirrored = "line -3 -1 5 -7",
+     .box = {-3, 1, 5, 7}},
     {.text = "arc 1 2 5 0 90",
      .type = QdrDb::eClassArc,
      // The middle lies at 45 degrees: 5 / sqrt 2 = 3.5355339059327378 from the centre.
@@ -71,7 +79,8 @@ const EntityRow kRows[] = {
      .moved = "arc 4 0 5 0 90",
      .turned = "arc -2 1 5 90 180",
      .scaled = "arc 1 3 10 0 90",
-     .mirrored = "arc 1 -2 5 270 360"},
+     .mirrored = "arc 1 -2 5 270 360",
+     .box = {1, 2, 6, 7}},
     {.text = "circle 2 -1 4",
      .type = QdrDb::eClassCircle,
      .grips = {{2, -1}, {6, -1}, {2, 3}, {-2, -1}, {2, -5}},
@@ -79,7 +88,9 @@ const EntityRow kRows[] = {
      .moved = "circle 5 -3 4",
      .turned = "circle 1 2 4",
      .scaled = "circle 3 -3 8",
-     .mirrored = "circle 2 1 4"},
+     .mirrored = "circle 2 1 4",
+     .box = {-2, -5, 6, 3},
+     .takenByGrips = true},  // the centre
     {.text = "ellipse 1 2 3 4 0.5",
      .type = QdrDb::eClassEllipse,
      // The minor vector is (-4, 3) / 2.
@@ -94,6 +105,8 @@ const EntityRow kRows[] = {
      .turned = "ellipse -2 1 -4 3 0.5",
      .scaled = "ellipse 1 3 6 8 0.5",
      .mirrored = "ellipse 1 -2 3 -4 0.5",
+     // Reaches sqrt(3 * 3 + 2 * 2) in x and sqrt(4 * 4 + 1.5 * 1.5) in y.
+     .box = {-2.6055, -2.272, 4.6055, 6.272},
      .movesByMatrix = false},  // a matrix moves the axes like points, which turns them
     {.text = "ellipsearc 1 2 3 4 0.5 0 90",
      .type = QdrDb::eClassEllipseArc,
@@ -108,6 +121,8 @@ const EntityRow kRows[] = {
      .turned = "ellipsearc -2 1 -4 3 0.5 0 90",
      .scaled = "ellipsearc 1 3 6 8 0.5 0 90",
      .mirrored = "ellipsearc 1 -2 3 -4 0.5 270 360",
+     // Start and end bound it but for the highest place of the whole ellipse.
+     .box = {-1, 3.5, 4, 6.272},
      .movesByMatrix = false},  // as the ellipse
     {.text = "box 1 2 6 4 90",
      .type = QdrDb::eClassBox,
@@ -120,7 +135,8 @@ const EntityRow kRows[] = {
      .moved = "box 4 0 6 4 90",
      .turned = "box -2 1 6 4 180",
      .scaled = "box 1 3 12 8 90",
-     .mirrored = "box 1 -2 6 -4 270"},
+     .mirrored = "box 1 -2 6 -4 270",
+     .box = {-3, 2, 1, 8}},
     // Half a unit of radius a chord: from radius 1 to radius 4 in six chords, one and a half turns.
     {.text = "spiral 4 1 2 4.25 0.75 2 0",
      .type = QdrDb::eClassSpiral,
@@ -137,7 +153,11 @@ const EntityRow kRows[] = {
      .moved = "spiral 4 4 0 4.25 0.75 2 0",
      .turned = "spiral 4 -2 1 4.25 0.75 2 90",
      .scaled = "spiral 4 1 3 8.5 1.5 4 0",
-     .mirrored = "spiral 4 1 -2 4.25 0.75 2 0"},  // all grips lie on the mirrored x axis
+     .mirrored = "spiral 4 1 -2 4.25 0.75 2 0",  // all grips lie on the mirrored x axis
+     // Radii 1, 1.5, 2, 2.5, 3, 3.5, 4 at each quarter turn from +x on.
+     .box = {-3, -0.5, 4, 5.5},
+     .takenByGrips = true,  // the centre
+     .bowsOut = true},      // grips show its ends and one turn
     {.text = "loop -4 -2 0 6 -2 1 6 4 0 -4 4 0",
      .type = QdrDb::eClassPolyline,
      .countedBytes = 4 * 44,
@@ -152,7 +172,8 @@ const EntityRow kRows[] = {
      .moved = "loop -1 -4 0 9 -4 1 9 2 0 -1 2 0",
      .turned = "loop 2 -4 0 2 6 1 -4 6 0 -4 -4 0",
      .scaled = "loop -9 -5 0 11 -5 1 11 7 0 -9 7 0",
-     .mirrored = "loop -4 2 0 6 2 -1 6 -4 0 -4 -4 0"},
+     .mirrored = "loop -4 2 0 6 2 -1 6 -4 0 -4 -4 0",
+     .box = {-4, -2, 9, 4}},
     // The corner is rounded over half of either side: line, arc, line.
     {.text = "spline 0.5 1 2 9 2 9 10",
      .type = QdrDb::eClassSpline,
@@ -165,7 +186,9 @@ const EntityRow kRows[] = {
      .moved = "spline 0.5 4 0 12 0 12 8",
      .turned = "spline 0.5 -2 1 -2 9 -10 9",
      .scaled = "spline 0.5 1 3 17 3 17 19",
-     .mirrored = "spline 0.5 1 -2 9 -2 9 -10"},
+     .mirrored = "spline 0.5 1 -2 9 -2 9 -10",
+     .box = {1, 2, 9, 10},
+     .takenByGrips = true},  // control vertices
     {.text = "cspline 1 2 0 5 4 1 9 2 0",
      .type = QdrDb::eClassCSpline,
      .countedBytes = 3 * 21,
@@ -173,7 +196,8 @@ const EntityRow kRows[] = {
      .moved = "cspline 4 0 0 8 2 1 12 0 0",
      .turned = "cspline -2 1 0 -4 5 1 -2 9 0",
      .scaled = "cspline 1 3 0 9 7 1 17 3 0",
-     .mirrored = "cspline 1 -2 0 5 -4 1 9 -2 0"},
+     .mirrored = "cspline 1 -2 0 5 -4 1 9 -2 0",
+     .box = {1, 2, 9, 4}},
     {.text = "rect -4 6 2 3",
      .type = QdrDb::eClassRect,
      .grips = {{-1, 4.5}, {-1, 3}, {2, 4.5}, {-1, 6}, {-4, 4.5}, {-4, 3}, {2, 3}, {2, 6}, {-4, 6}},
@@ -185,7 +209,9 @@ const EntityRow kRows[] = {
      // Both corners turn; left lies right of right afterwards no more than they did before.
      .turned = "rect -6 -4 -3 2",
      .scaled = "rect -9 11 3 5",
-     .mirrored = "rect -4 -6 2 -3"},
+     .mirrored = "rect -4 -6 2 -3",
+     .box = {-4, 3, 2, 6},
+     .takenByGrips = true},  // the centre
     {.text = "point 3 4 0.5",
      .type = QdrDb::eClassPoint,
      .grips = {{3, 4}},
@@ -193,6 +219,7 @@ const EntityRow kRows[] = {
      .turned = "point -4 3 0.5",
      .scaled = nullptr,  // scaling leaves points alone
      .mirrored = "point 3 -4 0.5",
+     .box = {3, 4, 3, 4},
      .drawsOnItself = false,
      .recordsUndo = false},
 };
@@ -206,6 +233,23 @@ void expectSameGrips(CQdrDbEntity& actual, CQdrDbEntity& expected, const char* r
   ASSERT_EQ(actualGrips->size(), expectedGrips->size()) << row;
   for (std::size_t i = 0; i < actualGrips->size(); ++i)
     EXPECT_LT((*actualGrips)[i].distanceTo((*expectedGrips)[i]), 1e-9) << row << ", grip " << i;
+}
+
+// Grips, and of a curve places all along it, within a billionth of the size of the coordinates.
+void expectSameGeometry(CQdrDbEntity& actual, CQdrDbEntity& expected, double size) {
+  const auto placesOf = [](CQdrDbEntity& entity) {
+    std::vector<CQdrGePoint2d>* grips = nullptr;
+    entity.getGripPointVec(grips);
+    std::vector<CQdrGePoint2d> places(*grips);
+    for (int i = 0; entity.IsCurveEntity() && i <= 16; ++i)
+      places.push_back(static_cast<CQdrDbCurve&>(entity).pointAtParam(i / 16.0));
+    return places;
+  };
+  const std::vector<CQdrGePoint2d> places = placesOf(actual);
+  const std::vector<CQdrGePoint2d> wanted = placesOf(expected);
+  ASSERT_EQ(places.size(), wanted.size());
+  for (std::size_t i = 0; i < places.size(); ++i)
+    EXPECT_LT(places[i].distanceTo(wanted[i]), 1e-9 * size) << "place " << i;
 }
 
 class EntityContract : public testing::TestWithParam<EntityRow> {
@@ -323,23 +367,88 @@ TEST_P(EntityContract, TransformsAsTold) {
               [](CQdrDbEntity& e) -> CQdrDbEntity& { return e.Mirror(CQdrGeLine2d::kXAxis); });
 }
 
+TEST_P(EntityContract, AnswersItsBox) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  const CQdrDbRect box = entity->GetOutRect();
+  // Some are boxes of drawn polygons, in whole logical units.
+  const double unit = 1.5 / _dDispScale;
+  const double sides[] = {box.LeftTop().x, box.RightBottom().y, box.RightBottom().x,
+                          box.LeftTop().y};
+  for (std::size_t i = 0; i < row().box.size(); ++i)
+    EXPECT_NEAR(sides[i], row().box[i], unit) << "side " << i;
+  // The rectangle for quick rejection is the same box in logical units.
+  const CRect quick = *entity->GetEntityRect();
+  EXPECT_EQ(quick.left, CRect(box).left);
+  EXPECT_EQ(quick.top, CRect(box).top);
+}
+
 TEST_P(EntityContract, DrawsInItsBoxAndOnItself) {
   CQdrDbEntity* entity = addFromText(m_database, row().text);
-  const std::vector<CQdrGePoint2d> drawn = qdr::test::drawnPoints(*entity);
-  ASSERT_FALSE(drawn.empty());
-  const qdr::DrawnBox box = qdr::drawnBox(*entity);
-  ASSERT_TRUE(box.known);
-  const double margin = box.pixels * qdr::test::kSketchPixel;
-  for (const CQdrGePoint2d& point : drawn) {
-    EXPECT_GE(point.x, box.minX - margin);
-    EXPECT_LE(point.x, box.maxX + margin);
-    EXPECT_GE(point.y, box.minY - margin);
-    EXPECT_LE(point.y, box.maxY + margin);
-    if (row().drawsOnItself) {
-      EXPECT_EQ(entity->isOn(point, 2 * qdr::test::kSketchPixel), 1);
+  for (const std::int32_t weight : {0, 300}) {
+    entity->setLineWeight(static_cast<QdrDb::LineWeight>(weight));
+    const std::vector<CQdrGePoint2d> drawn = qdr::test::drawnPoints(*entity);
+    ASSERT_FALSE(drawn.empty());
+    const qdr::DrawnBox box = qdr::drawnBox(*entity);
+    ASSERT_TRUE(box.known);
+    const double margin = box.pixels * qdr::test::kSketchPixel;
+    for (const CQdrGePoint2d& point : drawn) {
+      EXPECT_GE(point.x, box.minX - margin) << weight;
+      EXPECT_LE(point.x, box.maxX + margin) << weight;
+      EXPECT_GE(point.y, box.minY - margin) << weight;
+      EXPECT_LE(point.y, box.maxY + margin) << weight;
+      if (row().drawsOnItself && weight == 0) {
+        EXPECT_EQ(entity->isOn(point, 2 * qdr::test::kSketchPixel), 1);
+      }
     }
   }
   EXPECT_EQ(entity->isOn({-19, 19}, qdr::test::kSketchPixel), 0);
+}
+
+// A window of two opposite corners.
+struct Window {
+  CQdrGePoint2d corner1;
+  CQdrGePoint2d corner2;
+
+  Window grownBy(double margin) const {
+    const CQdrGeVector2d way(margin, margin);
+    return {corner1 - way, corner2 + way};
+  }
+  bool holds(const CQdrGePoint2d& point) const {
+    return point.x > corner1.x && point.x < corner2.x && point.y > corner1.y && point.y < corner2.y;
+  }
+  bool holdsAny(const std::vector<CQdrGePoint2d>& points) const {
+    return std::ranges::any_of(points, [&](const CQdrGePoint2d& point) { return holds(point); });
+  }
+  bool holdsAll(const std::vector<CQdrGePoint2d>& points) const {
+    return std::ranges::all_of(points, [&](const CQdrGePoint2d& point) { return holds(point); });
+  }
+};
+
+// Held against what is drawn: a window answers for sure when that is clearly in it or out of it.
+TEST_P(EntityContract, WindowsTakeWhatTheyShow) {
+  CQdrDbEntity* entity = addFromText(m_database, row().text);
+  std::vector<CQdrGePoint2d>* grips = nullptr;
+  entity->getGripPointVec(grips);
+  const std::vector<CQdrGePoint2d> shown =
+      row().drawsOnItself ? qdr::test::drawnPoints(*entity) : *grips;
+  const double margin = 3 * qdr::test::kSketchPixel;
+  for (const double side : {1.3, 5.1, 17.7}) {
+    for (double x = -16.2; x < 12; x += 1.9) {
+      for (double y = -14.1; y < 12; y += 2.3) {
+        const Window window{{x, y}, {x + side, y + side}};
+        const Window certain = window.grownBy(-margin);
+        const Window possible = window.grownBy(margin);
+        SCOPED_TRACE(testing::Message() << x << ", " << y << ", side " << side);
+        const bool crosses = entity->checkInsideOrCross(window.corner1, window.corner2);
+        const bool inside = entity->checkInside(window.corner1, window.corner2);
+        const bool byGrip = row().takenByGrips && possible.holdsAny(*grips);
+        EXPECT_TRUE(crosses || !certain.holdsAny(shown));
+        EXPECT_TRUE(!crosses || possible.holdsAny(shown) || byGrip);
+        EXPECT_TRUE(inside || !certain.holdsAll(shown) || (byGrip && !certain.holdsAll(*grips)));
+        EXPECT_TRUE(!inside || possible.holdsAll(shown) || row().bowsOut);
+      }
+    }
+  }
 }
 
 TEST_P(EntityContract, ErasureHides) {
@@ -358,6 +467,9 @@ TEST_P(EntityContract, ErasureHides) {
   delete entity;
 }
 
+// Object head and common block: everything but the geometry.
+constexpr std::size_t kHeadBytes = 39;
+
 tagUndoEditEntity step(CQdrDbEntity& entity, qdr::UndoCode code) {
   tagUndoEditEntity record;
   record.continued = 0;
@@ -375,26 +487,26 @@ struct Deed {
 const Deed kDeeds[] = {
     {qdr::kUndoMoved,
      [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
-       record.vector = CQdrGeVector2d(2, 3);
-       entity.TranslateBy(CQdrGeVector2d(2, 3));
+       record.vector = CQdrGeVector2d(2.3, 0.7);
+       entity.TranslateBy(CQdrGeVector2d(2.3, 0.7));
      }},
     {qdr::kUndoMirrored,
      [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
-       record.point = {1, 0};
-       record.vector = CQdrGeVector2d(0, 4);
-       entity.Mirror(CQdrGeLine2d(CQdrGePoint2d(1, 0), CQdrGePoint2d(1, 4)));
+       record.point = {1.1, 0.3};
+       record.vector = CQdrGeVector2d(3, 4);
+       entity.Mirror(CQdrGeLine2d(record.point, CQdrGeVector2d(3, 4)));
      }},
     {qdr::kUndoRotated,
      [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
-       record.point = {1, 1};
-       record.vector = CQdrGeVector2d(0, 1);
-       entity.RotateBy(qdr::kHalfPi, {1, 1});
+       record.point = {1.1, 0.3};
+       record.vector = CQdrGeVector2d(0.7);
+       entity.RotateBy(0.7, record.point);
      }},
     {qdr::kUndoScaled,
      [](CQdrDbEntity& entity, tagUndoEditEntity& record) {
-       record.point = {1, 1};
-       record.vector = QdrXY(4, 4);
-       entity.ScaleBy(4, {1, 1});
+       record.point = {1.1, 0.3};
+       record.vector = QdrXY(3, 3);
+       entity.ScaleBy(3, record.point);
      }},
     {qdr::kUndoErased, [](CQdrDbEntity& entity, tagUndoEditEntity&) { entity.setErased(); }},
     {qdr::kUndoLayer,
@@ -419,32 +531,37 @@ const Deed kDeeds[] = {
      }},
 };
 
-// Looks and visibility: the bytes of status, layer, linetype, colour and weight.
-std::string looksOf(CQdrDbEntity& entity) {
-  return bytesOf(entity).substr(12, 25);
-}
-
+// Geometry comes back to rounding, everything else to the last byte.
 TEST_P(EntityContract, UndoAndRedoGoBackAndForth) {
-  for (const Deed& deed : kDeeds) {
-    CQdrDbEntity* entity = addFromText(m_database, row().text);
-    const std::unique_ptr<CQdrDbEntity> before(entity->CopyEntity(true));
-    const std::string looksBefore = looksOf(*entity);
-    tagUndoEditEntity record = step(*entity, deed.code);
-    deed.perform(*entity, record);
-    entity->setGripPoints();
-    const std::unique_ptr<CQdrDbEntity> after(entity->CopyEntity(true));
-    const std::string looksAfter = looksOf(*entity);
+  for (const double far : {0.0, 1e6}) {
+    for (const Deed& deed : kDeeds) {
+      SCOPED_TRACE(testing::Message() << "code " << deed.code << ", moved by " << far);
+      CQdrDbEntity* entity = addFromText(m_database, row().text);
+      entity->TranslateBy(CQdrGeVector2d(far, -far));
+      entity->setGripPoints();
+      const std::unique_ptr<CQdrDbEntity> before(entity->CopyEntity(true));
+      const std::string bytesBefore = bytesOf(*entity);
+      tagUndoEditEntity record = step(*entity, deed.code);
+      deed.perform(*entity, record);
+      entity->setGripPoints();
+      const std::unique_ptr<CQdrDbEntity> after(entity->CopyEntity(true));
+      const std::string bytesAfter = bytesOf(*entity);
 
-    const std::size_t length = m_database.m_undoHandler.m_undoList.size();
-    EXPECT_EQ(m_database.m_undoHandler.AddUndo(record), length + (row().recordsUndo ? 1 : 0));
-    if (!row().recordsUndo) continue;
-    SCOPED_TRACE(deed.code);
-    EXPECT_TRUE(m_database.m_undoHandler.Undo());
-    expectSameGrips(*entity, *before, row().text);
-    EXPECT_EQ(looksOf(*entity), looksBefore);
-    EXPECT_TRUE(m_database.m_undoHandler.Redo());
-    expectSameGrips(*entity, *after, row().text);
-    EXPECT_EQ(looksOf(*entity), looksAfter);
+      const std::size_t length = m_database.m_undoHandler.m_undoList.size();
+      EXPECT_EQ(m_database.m_undoHandler.AddUndo(record), length + (row().recordsUndo ? 1 : 0));
+      if (!row().recordsUndo) continue;
+      const std::size_t compared = deed.code <= qdr::kUndoScaled && deed.code >= qdr::kUndoMoved
+                                       ? kHeadBytes
+                                       : std::string::npos;
+      for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(m_database.m_undoHandler.Undo());
+        expectSameGeometry(*entity, *before, 1 + far);
+        EXPECT_EQ(bytesOf(*entity).substr(0, compared), bytesBefore.substr(0, compared));
+        EXPECT_TRUE(m_database.m_undoHandler.Redo());
+        expectSameGeometry(*entity, *after, 1 + far);
+        EXPECT_EQ(bytesOf(*entity).substr(0, compared), bytesAfter.substr(0, compared));
+      }
+    }
   }
 }
 
