@@ -247,7 +247,7 @@ const Operations kOperations[] = {
     {{"cobweb 9 9 2 5 2 0"},
      {"AngleArc 11,11 centre 9,11 radius 2,-2 from 0 sweep 360",
       "AngleArc 14,11 centre 9,11 radius 5,-5 from 0 sweep 360", "LineTo 9,11 14,11",
-      "LineTo 9,11 4,11", "Ellipse 11,11 11,11 brush solid 0xffffff"}},
+      "LineTo 9,11 4,11", "Ellipse 11,11 11,11 brush hollow"}},
 };
 
 class DrawingOperations : public testing::Test {
