@@ -38,9 +38,9 @@ struct TrimCut {
   CrossingMap::value_type after{0.0, {}};
 };
 
-/// The cut of a curve around the point nearest to `pick`. A pick exactly on the first crossing takes
-/// the start, one exactly on the last takes the end. A crossing at an end of the curve cuts nothing
-/// off, so that no piece without length is left.
+/// The cut of a curve around the point nearest to `pick`. A pick exactly on the first crossing
+/// takes the start, one exactly on the last takes the end. A crossing at an end of the curve cuts
+/// nothing off, so that no piece without length is left.
 TrimCut chooseCut(const CQdrDbCurve& curve, CrossingMap crossings, const CQdrGePoint2d& pick);
 
 /// The part of a closed curve that goes, counter-clockwise.
