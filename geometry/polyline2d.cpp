@@ -197,14 +197,13 @@ int CQdrGePolyline2d::isVertex(const CQdrGePoint2d& p, double d) const {
 void CQdrGePolyline2d::getMinMaxpoint(CQdrGePoint2d& min, CQdrGePoint2d& max) const {
   min = max = CQdrGePoint2d();
   if (m_points.empty()) return;
-  Box bounds = boxOfPoint(toVec(m_points.front()));
-  for (int i = 0; i < numVerts(); ++i) {
-    const std::size_t k = static_cast<std::size_t>(i);
-    bounds.add(toVec(m_points[k]));
-    if (segType(i) != kArcSeg) continue;
-    bounds.add(
-        makeSegment(toVec(m_points[k]), toVec(m_points[(k + 1) % m_points.size()]), m_bulges[k])
-            .box());
+  Box bounds;
+  for (const CQdrGePoint2d& point : m_points)
+    bounds.add(toVec(point));
+  for (std::size_t k = 0; k < m_points.size(); ++k) {
+    if (!isArcBulge(m_bulges[k]) || segType(static_cast<int>(k)) != kArcSeg) continue;
+    const std::size_t next = k + 1 < m_points.size() ? k + 1 : 0;
+    bounds.add(makeSegment(toVec(m_points[k]), toVec(m_points[next]), m_bulges[k]).box());
   }
   min.set(bounds.minX, bounds.minY);
   max.set(bounds.maxX, bounds.maxY);

@@ -5,6 +5,7 @@
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/chain_crossings.h"
+#include "geometry/internal/way_crossings.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 #include "geometry/tolerance.h"
@@ -155,9 +156,9 @@ bool CQdrGePolyline2d::isInsidePoint(const CQdrGePoint2d& point) const {
   CQdrGePoint2d min, max;
   getMinMaxpoint(min, max);
   const CQdrGePoint2d outside(min.x - kOutsideStepX, min.y - kOutsideStepY);
-  int count = 0;
-  std::vector<CQdrGePoint2d> crossings;
-  intersectWith(CQdrGeLine2d(outside, point), count, crossings, kExtendNone, kSameHitTolerance);
+  const CQdrGeLine2d way(outside, point);
+  std::vector<CQdrGePoint2d> crossings = crossingsWithWay(*this, way, kSameHitTolerance);
+  CheckSameIntPoints(crossings);
   const Vec along = (toVec(point) - toVec(outside)).normal(0.0);
   return countDistinct(crossings, along) % 2 == 1;
 }

@@ -185,4 +185,46 @@ TEST(Polyline2dIntersect, IndexGivesTheHitsOfThePlainWalkInItsOrder) {
   }
 }
 
+/// Whether a line from outside crosses an odd number of times, by all crossings of the chain and
+/// by comparing every two of them.
+bool isInsideByAllCrossings(const Chain& chain, const CQdrGePoint2d& point) {
+  if (!chain.closed()) return false;
+  CQdrGePoint2d min, max;
+  chain.getMinMaxpoint(min, max);
+  std::vector<CQdrGePoint2d> hits;
+  int count = 0;
+  chain.intersectWith(CQdrGeLine2d({min.x - 0.5, min.y - 1}, point), count, hits,
+                      Chain::kExtendNone, 0.001);
+  std::vector<CQdrGePoint2d> kept;
+  for (const CQdrGePoint2d& hit : hits) {
+    bool isNew = true;
+    for (const CQdrGePoint2d& other : kept)
+      isNew = isNew && !other.isEqualTo(hit, 0.001);
+    if (isNew) kept.push_back(hit);
+  }
+  return kept.size() % 2 == 1;
+}
+
+TEST(Polyline2dIntersect, InsidePassesOverNothingThatCrosses) {
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    std::mt19937 random(seed);
+    const double reach = std::vector<double>{1e-2, 0.1, 3, 1e4, 1e10}[seed % 5];
+    Chain chain = randomChain(random, 3 + seed % 30, reach);
+    chain.setClosed(true);
+    if (seed % 4 == 0)
+      chain.setBulgeAt(0, std::vector<double>{-5e3, 1e2, 999, 0.002}[seed / 4 % 4]);
+    std::uniform_real_distribution<double> place(-1.2 * reach, 1.2 * reach);
+    for (int i = 0; i < 40; ++i) {
+      CQdrGePoint2d probe(place(random), place(random));
+      // On a vertex, in the middle of a chord, or beside the boundary by about the tolerance.
+      const CQdrGePoint2d& vertex = chain.points()[random() % chain.points().size()];
+      if (i % 4 == 1) probe = vertex;
+      if (i % 4 == 2) probe = vertex + (chain.points()[0] - vertex) * 0.5;
+      if (i % 4 == 3) probe = vertex + CQdrGeVector2d(0.0005 * (i % 5), -0.0007);
+      EXPECT_EQ(chain.isInsidePoint(probe), isInsideByAllCrossings(chain, probe))
+          << "seed " << seed << " probe " << probe.x << " " << probe.y;
+    }
+  }
+}
+
 }  // namespace
