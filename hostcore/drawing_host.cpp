@@ -25,7 +25,9 @@ bool endsLine(const MSG& message) {
 namespace qdr {
 
 DrawingHost::DrawingHost(const HostOptions& options)
-    : m_view(std::make_unique<DrawingView>(*this)), m_screen(options.viewSize) {
+    : m_view(std::make_unique<DrawingView>(*this)),
+      m_screen(options.viewSize),
+      m_keepsBackups(options.keepsBackups) {
   std::wstring complaint;
   m_prompts = loadPrompts(options.promptFile, complaint);
   if (!complaint.empty()) AfxMessageBox(complaint.c_str());
@@ -35,12 +37,14 @@ DrawingHost::DrawingHost(const HostOptions& options)
   m_frame.SetActiveView(m_view.get());
   setMainFrame(&m_frame);
   m_screen.dc().SetBkColor(options.background);
-  adopt(freshDatabase(), {});
+  showBeside(freshDrawing());
 }
 
 DrawingHost::~DrawingHost() {
-  releaseDatabase();
-  m_database.reset();
+  unbindActive();
+  m_drawing = nullptr;
+  for (std::unique_ptr<OpenDrawing>& drawing : m_drawings)
+    destroy(std::move(drawing));
   if (_hPROMPT == m_prompts.get()) _hPROMPT = nullptr;
   if (AfxGetMainWnd() == &m_frame) setMainFrame(nullptr);
 }
@@ -50,11 +54,11 @@ CView& DrawingHost::view() {
 }
 
 CQdrCommandHandler& DrawingHost::handler() {
-  return m_database->m_commandHandler;
+  return database().m_commandHandler;
 }
 
 CQdrDbDisplayTableRecord& DrawingHost::display() {
-  return *m_database->m_displayTable.getCurrentRecord();
+  return *database().m_displayTable.getCurrentRecord();
 }
 
 bool DrawingHost::isBusy() {
@@ -88,51 +92,6 @@ bool DrawingHost::guarded(const std::function<void()>& call) {
   }
   MessageBoxW(m_view.get(), kFailure, L"");
   return false;
-}
-
-std::unique_ptr<CQdrDbDatabase> DrawingHost::freshDatabase() {
-  return std::make_unique<CQdrDbDatabase>(true);
-}
-
-// Puts a drawing in the place of the present one and shows it.
-void DrawingHost::adopt(std::unique_ptr<CQdrDbDatabase> database, const std::wstring& path) {
-  releaseDatabase();
-  m_database = std::move(database);
-  m_path = path;
-  m_modified = false;
-  m_toldOfStandIns = false;
-  bindDatabase();
-}
-
-// The display record may be another one after a drawing is read into, so this runs behind that.
-void DrawingHost::bindDatabase() {
-  _gpDatabase = m_database.get();
-  CQdrCommandHandler& commands = handler();
-  commands.SetDatabase(m_database.get());
-  commands.SetDispWindow(m_view.get());
-  commands.setMsgWindow(&m_log, &m_inputLine);
-  commands.SetSelCursor(LoadCursor(nullptr, IDC_ARROW));
-  commands.SetCrossCursor(LoadCursor(nullptr, IDC_CROSS));
-  CDC& dc = m_screen.dc();
-  m_database->m_pDC = &dc;
-  display().setView(m_view.get(), &dc);
-  display().MakeUpDisplayWindow(&dc);
-  display().Draw(&dc);
-}
-
-void DrawingHost::releaseDatabase() {
-  if (!m_database) return;
-  handler().ClearTracker(true);
-  for (const auto& [name, id] : m_database->m_displayTable.records())
-    static_cast<CQdrDbDisplayTableRecord*>(id.getPObject())->setView(nullptr, nullptr);
-  m_database->m_pDC = nullptr;
-  if (_gpDatabase == m_database.get()) _gpDatabase = nullptr;
-}
-
-HostAnswer DrawingHost::newDrawing() {
-  if (isBusy()) return {HostFault::busy, L"a command is running"};
-  adopt(freshDatabase(), {});
-  return {};
 }
 
 }  // namespace qdr

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "geometry/point2d.h"
 #include "hostcore/backing_store.h"
@@ -26,12 +28,15 @@ struct HostOptions {
   std::wstring promptFile;  ///< empty for the built-in prompts
   CSize viewSize{800, 600};
   COLORREF background = 0;
+  bool keepsBackups = false;  ///< a save first copies the earlier file to one of extension "bak"
 };
 
-/// The program around one drawing, without widgets: windows, start-up, routing of messages,
-/// commands, painting, opening and saving.
+/// The program around drawings, without widgets: windows, start-up, routing of messages, commands,
+/// painting, opening and saving.
 ///
-/// The windows are models. A desktop or a script binds peers to them, sends what happens as
+/// Several drawings may be open. One is active: the windows, the commands and _gpDatabase are its.
+/// The others keep their undo log, window and selection until they are activated. The windows are
+/// models. A desktop or a script binds peers to them, sends what happens as
 /// messages to the view, and shows the backing store. While a command runs (`isBusy`) the host
 /// refuses everything that would change the drawing under it. Calls into the kernel that throw end
 /// in a message box.
@@ -52,8 +57,8 @@ class QDR_API DrawingHost {
   CStatic& statusPane() { return m_statusPane; }
   BackingStore& screen() { return m_screen; }
 
-  // The drawing; another one after newDrawing and open.
-  CQdrDbDatabase& database() { return *m_database; }
+  // The active drawing; another one after newDrawing, open and whatever activates one.
+  CQdrDbDatabase& database() { return *m_drawing->database; }
   CQdrCommandHandler& handler();
   CQdrDbDisplayTableRecord& display();
   bool isBusy();
@@ -99,9 +104,25 @@ class QDR_API DrawingHost {
   /// On a fault the earlier file stays, and the drawing counts as unsaved. In the file circles and
   /// lines stand for cobwebs, which one message for each drawing says.
   HostAnswer save(const std::wstring& path);
-  bool isModified() const { return m_modified; }
+  bool isModified() const { return m_drawing->modified; }
+  /// To be called after a change that did not come through the host.
+  void setModified() { m_drawing->modified = true; }
   /// Where the drawing was opened or saved last; empty for a new one.
-  const std::wstring& path() const { return m_path; }
+  const std::wstring& path() const { return m_drawing->path; }
+
+  // Drawings beside one another, numbered from 0 in the order in which they were opened.
+
+  std::size_t drawingCount() const { return m_drawings.size(); }
+  std::size_t activeDrawing() const;
+  bool isModified(std::size_t drawing) const { return m_drawings.at(drawing)->modified; }
+  const std::wstring& path(std::size_t drawing) const { return m_drawings.at(drawing)->path; }
+  /// An empty drawing, and one of a file, beside those that are open; active from here on.
+  HostAnswer addDrawing();
+  HostAnswer openBeside(const std::wstring& path);
+  HostAnswer activate(std::size_t drawing);
+  /// Closes a drawing, saved or not; an empty one takes the place of the last. Of several the one
+  /// before it becomes active when it was.
+  HostAnswer closeDrawing(std::size_t drawing);
 
   /// Text that an input method has committed.
   void compositionChanged(WPARAM wParam, LPARAM lParam);
@@ -116,17 +137,31 @@ class QDR_API DrawingHost {
   void onPaint();
   bool onCommand(unsigned number);
   void onKey(unsigned key, unsigned repeats, unsigned flags);
+  void onCharacter(unsigned character, unsigned repeats, unsigned flags);
   void onLeftDown(CPoint point);
   void onRightDown(CPoint point);
   bool onSetCursor(unsigned hitTest);
   void onCoordinate(WPARAM wParam, LPARAM lParam);
   void onPropertyChosen(WPARAM kind, LPARAM data);
 
+  // What belongs to a drawing and not to the program.
+  struct OpenDrawing {
+    std::unique_ptr<CQdrDbDatabase> database;
+    std::wstring path;
+    bool modified = false;
+    bool toldOfStandIns = false;
+  };
+
   bool guarded(const std::function<void()>& call);
-  std::unique_ptr<CQdrDbDatabase> freshDatabase();
-  void bindDatabase();
-  void releaseDatabase();
-  void adopt(std::unique_ptr<CQdrDbDatabase> database, const std::wstring& path);
+  std::unique_ptr<OpenDrawing> freshDrawing();
+  std::unique_ptr<OpenDrawing> loadedDrawing(const std::wstring& path, HostAnswer& answer);
+  void bindActive();
+  void unbindActive();
+  void show(OpenDrawing& drawing);
+  void showBeside(std::unique_ptr<OpenDrawing> drawing);
+  void showInstead(std::unique_ptr<OpenDrawing> drawing);
+  void destroy(std::unique_ptr<OpenDrawing> drawing);
+  void keepBackup(const std::wstring& path);
 
   bool runKernelCommand(unsigned number);
   void repeatDrawing(QdrDb::CommandID id, unsigned long option);
@@ -155,11 +190,10 @@ class QDR_API DrawingHost {
   CEdit m_log;
   CStatic m_statusPane;
   BackingStore m_screen;
-  std::unique_ptr<CQdrDbDatabase> m_database;
-  std::wstring m_path;
+  std::vector<std::unique_ptr<OpenDrawing>> m_drawings;
+  OpenDrawing* m_drawing = nullptr;  ///< the active one, never null once it stands
   unsigned long m_nextOption = 0;
-  bool m_modified = false;
-  bool m_toldOfStandIns = false;
+  bool m_keepsBackups;
 };
 
 }  // namespace qdr

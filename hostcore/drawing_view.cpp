@@ -51,9 +51,8 @@ void DrawingView::OnKeyDown(unsigned key, unsigned repeat, unsigned flags) {
   m_host.onKey(key, repeat, flags);
 }
 
-// Straight to the input line: through the queue a waiting input would feed itself.
 void DrawingView::OnChar(unsigned character, unsigned repeat, unsigned flags) {
-  m_host.inputLine().onMyChar(character, repeat, flags);
+  m_host.onCharacter(character, repeat, flags);
 }
 
 void DrawingView::OnLButtonDown(unsigned, CPoint point) {

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr unsigned long kGoOn = 1;
+constexpr unsigned kHitClient = 1;
 
 // Drawing commands hand what they made to the host; the others have added it themselves.
 bool isDrawing(QdrDb::CommandID id) {
@@ -83,7 +84,7 @@ bool DrawingHost::runKernelCommand(unsigned number) {
     repeatDrawing(id, option);
   } else {
     handler().DoCommand(id, option);
-    m_modified = true;
+    m_drawing->modified = true;
   }
   repaint();
   return true;
@@ -99,15 +100,15 @@ void DrawingHost::repeatDrawing(QdrDb::CommandID id, unsigned long option) {
 }
 
 void DrawingHost::addMade(CQdrDbEntity& entity) {
-  m_modified = true;
+  m_drawing->modified = true;
   if (entity.IsDbEntity()) return;
   CQdrDbObjectId id;
-  m_database->addEntity(&entity, id);
+  database().addEntity(&entity, id);
   tagUndoEditEntity record;
   record.operation = kUndoRestored;
   record.continued = 0;
   record.entityId = id;
-  m_database->m_undoHandler.AddUndo(record);
+  database().m_undoHandler.AddUndo(record);
 }
 
 // What a command leaves in the input line goes to the log, so that the next command is typed on an
@@ -143,13 +144,13 @@ HostAnswer DrawingHost::playLog(bool redo) {
   if (isBusy()) return {HostFault::busy, L"a command is running"};
   bool done = false;
   guarded([&] {
-    CQdrUndoHandler& log = m_database->m_undoHandler;
+    CQdrUndoHandler& log = database().m_undoHandler;
     done = redo ? log.Redo() : log.Undo();
     dropGripsOfErased();
   });
   repaint();
   if (!done) return {HostFault::refused, redo ? L"nothing to redo" : L"nothing to undo"};
-  m_modified = true;
+  m_drawing->modified = true;
   return {};
 }
 
@@ -164,8 +165,16 @@ void DrawingHost::onKey(unsigned key, unsigned repeats, unsigned flags) {
   if (isBusy()) return;
   guarded([&] { handler().onKeyDown(key, repeats, flags); });
   if (key != static_cast<unsigned>(VK_ESCAPE)) return;
-  handler().ClearTracker(true);
+  guarded([this] { handler().ClearTracker(true); });
   repaint();
+}
+
+// Straight to the input line: through the queue a waiting input would feed itself.
+void DrawingHost::onCharacter(unsigned character, unsigned repeats, unsigned flags) {
+  guarded([&] {
+    if (!isBusy()) handler().onChar(character, repeats, flags);
+    m_inputLine.onMyChar(character, repeats, flags);
+  });
 }
 
 bool DrawingHost::isOnGrip(CPoint point) {
@@ -180,7 +189,7 @@ void DrawingHost::onLeftDown(CPoint point) {
   guarded([&] {
     if (isOnGrip(point)) {
       handler().TrackTracker(m_view.get(), point);
-      m_modified = true;
+      m_drawing->modified = true;
       repaint();
       return;
     }
@@ -198,18 +207,22 @@ void DrawingHost::onRightDown(CPoint point) {
         [point](CQdrDbEntityTracker* tracker) { return tracker->HitTest(point) >= 0; });
     if (hit == trackers.end()) return;
     (*hit)->TrackMenu(m_view.get(), point);
-    m_modified = true;
+    m_drawing->modified = true;
     dropGripsOfErased();
     repaint();
   });
 }
 
 bool DrawingHost::onSetCursor(unsigned hitTest) {
-  return !isBusy() && handler().SetTrackerCursor(m_view.get(), hitTest) >= 0;
+  // Outside the client area trackers answer 0 and show no cursor.
+  if (isBusy() || hitTest != kHitClient) return false;
+  bool isOverGrip = false;
+  guarded([&] { isOverGrip = handler().SetTrackerCursor(m_view.get(), hitTest) >= 0; });
+  return isOverGrip;
 }
 
 void DrawingHost::onCoordinate(WPARAM wParam, LPARAM lParam) {
-  guarded([&] { m_database->SetCoordinate(m_view.get(), &m_statusPane, wParam, lParam); });
+  guarded([&] { database().SetCoordinate(m_view.get(), &m_statusPane, wParam, lParam); });
 }
 
 void DrawingHost::compositionChanged(WPARAM wParam, LPARAM lParam) {

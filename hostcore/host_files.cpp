@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <cwchar>
 #include <memory>
 #include <utility>
 
@@ -22,6 +23,7 @@ using qdr::HostAnswer;
 using qdr::HostFault;
 
 constexpr const wchar_t* kExtension = L"kov";
+constexpr const wchar_t* kBackup = L"bak";
 constexpr const wchar_t* kApplication = L"K-Ova";
 constexpr std::uint64_t kPlaneBytes = 32;
 constexpr std::uint64_t kFixedBytes =
@@ -40,7 +42,7 @@ HostAnswer fileFault(const std::wstring& path, const std::wstring& reason) {
 
 // The bytes of a drawing. The reader compares nothing and takes any bytes, so what is no drawing is
 // told from one here.
-HostAnswer loadedDrawing(const std::wstring& path, std::string& bytes) {
+HostAnswer drawingBytes(const std::wstring& path, std::string& bytes) {
   if (!isDrawingName(path)) return fileFault(path, L"the name of a drawing ends in .kov");
   std::string reason;
   if (!qdr::readWholeFile(path.c_str(), bytes, reason))
@@ -91,6 +93,8 @@ void readInto(CQdrDbDatabase& database, std::string bytes) {
   database.Read(archive);
   archive.Close();
   database.m_pFile = nullptr;
+  database.m_undoHandler.m_undoList.clear();
+  database.m_undoHandler.m_redoList.clear();
   refillRows(database, rows);
   // A new entity that bore the number of a loaded one would not enter its block.
   CQdrDbObject::NextHardID = std::max(CQdrDbObject::NextHardID, qdr::largestNumber(database) + 1);
@@ -100,20 +104,42 @@ void readInto(CQdrDbDatabase& database, std::string bytes) {
 
 namespace qdr {
 
-HostAnswer DrawingHost::open(const std::wstring& path) {
-  if (isBusy()) return {HostFault::busy, L"a command is running"};
+// Null, and the reason in `answer`, when the file holds no drawing or cannot be read. The present
+// drawings stay as they are.
+std::unique_ptr<DrawingHost::OpenDrawing> DrawingHost::loadedDrawing(const std::wstring& path,
+                                                                     HostAnswer& answer) {
   std::string bytes;
-  if (HostAnswer answer = loadedDrawing(path, bytes); !answer) return answer;
+  answer = drawingBytes(path, bytes);
+  if (!answer) return nullptr;
+  std::unique_ptr<OpenDrawing> drawing;
   const bool done = guarded([&] {
-    std::unique_ptr<CQdrDbDatabase> database = freshDatabase();
+    drawing = freshDrawing();
+    drawing->path = path;
     // Boxes of entities ask the active drawing while the file is read.
-    _gpDatabase = database.get();
-    readInto(*database, std::move(bytes));
-    adopt(std::move(database), path);
-    zoomExtents();
+    _gpDatabase = drawing->database.get();
+    readInto(*drawing->database, std::move(bytes));
   });
-  _gpDatabase = m_database.get();
-  return done ? HostAnswer() : fileFault(path, L"cannot be read");
+  _gpDatabase = &database();
+  if (done) return drawing;
+  answer = fileFault(path, L"cannot be read");
+  return nullptr;
+}
+
+// The earlier file as it is before the save replaces it. A backup that fails does not keep the
+// drawing from being saved.
+void DrawingHost::keepBackup(const std::wstring& path) {
+  std::string bytes;
+  std::string reason;
+  if (!readWholeFile(path.c_str(), bytes, reason)) return;  // there is no earlier file
+  const std::wstring backup = path.substr(0, path.size() - std::wcslen(kExtension)) + kBackup;
+  CFile file;
+  bool kept = file.Open(backup.c_str(), CFile::modeCreateWrite);
+  for (std::size_t at = 0; kept && at < bytes.size(); at += kArchiveBuffer) {
+    const std::size_t count = std::min<std::size_t>(kArchiveBuffer, bytes.size() - at);
+    file.Write(bytes.data() + at, static_cast<unsigned>(count));
+  }
+  kept = kept && file.Close();
+  if (!kept) AfxMessageBox((backup + L": " + fromUtf8(file.lastError())).c_str());
 }
 
 HostAnswer DrawingHost::save(const std::wstring& path) {
@@ -126,20 +152,21 @@ HostAnswer DrawingHost::save(const std::wstring& path) {
   bool replaced = false;
   // Without a Close the earlier file stays.
   const bool written = guarded([&] {
-    const CobwebStandIns standIns(*m_database);
-    m_database->Save(archive);
+    const CobwebStandIns standIns(database());
+    database().Save(archive);
     replaced = standIns.any();
   });
   archive.Close();
+  if (written && m_keepsBackups) keepBackup(path);
   const bool stored = written && file.Close();
-  m_database->m_pFile = nullptr;
+  database().m_pFile = nullptr;
   if (!stored) {
-    m_modified = true;
+    m_drawing->modified = true;
     return fileFault(path, fromUtf8(file.lastError()));
   }
-  m_path = path;
-  m_modified = false;
-  if (replaced && !std::exchange(m_toldOfStandIns, true)) AfxMessageBox(kStandIns);
+  m_drawing->path = path;
+  m_drawing->modified = false;
+  if (replaced && !std::exchange(m_drawing->toldOfStandIns, true)) AfxMessageBox(kStandIns);
   return {};
 }
 

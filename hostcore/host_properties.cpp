@@ -66,10 +66,10 @@ void DrawingHost::onPropertyChosen(WPARAM kind, LPARAM data) {
   const bool isWeight = kind == kLineWeight;
   const int weight = isWeight ? _wtoi(reinterpret_cast<const wchar_t*>(data)) : 0;
   const CQdrDbObjectId record(isWeight ? nullptr : reinterpret_cast<const CQdrDbObject*>(data));
-  m_modified = true;
+  m_drawing->modified = true;
   guarded([&] {
     const std::set<CQdrDbEntity*> selected = handler().GetSelectedEntity();
-    if (selected.empty()) makeCurrent(*m_database, kind, record, weight);
+    if (selected.empty()) makeCurrent(database(), kind, record, weight);
     std::int32_t continued = 0;
     for (CQdrDbEntity* entity : selected) {
       tagUndoEditEntity step;
@@ -78,8 +78,8 @@ void DrawingHost::onPropertyChosen(WPARAM kind, LPARAM data) {
       step.entityId = entity->objectId();
       step.oldId = valueOf(*entity, kind);
       step.value = entity->LineWeight();
-      const std::size_t before = m_database->m_undoHandler.m_undoList.size();
-      if (m_database->m_undoHandler.AddUndo(step) > before) continued = 1;
+      const std::size_t before = database().m_undoHandler.m_undoList.size();
+      if (database().m_undoHandler.AddUndo(step) > before) continued = 1;
       setValue(*entity, kind, record, weight);
     }
   });

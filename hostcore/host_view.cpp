@@ -38,9 +38,11 @@ void DrawingHost::viewResized() {
   CRect client;
   m_view->GetClientRect(&client);
   if (client.IsRectEmpty()) return;
-  m_screen.resize(CSize(client.Width(), client.Height()));
-  display().Onsize(client.Width(), client.Height());
-  display().MakeUpDisplayWindow(&m_screen.dc());
+  guarded([&] {
+    m_screen.resize(CSize(client.Width(), client.Height()));
+    display().Onsize(client.Width(), client.Height());
+    display().MakeUpDisplayWindow(&m_screen.dc());
+  });
   repaint();
 }
 
@@ -54,7 +56,7 @@ HostAnswer DrawingHost::showWindow(const CQdrGePoint2d& min, const CQdrGePoint2d
   const CRect rect = logicalRect(min, max);
   if (rect.IsRectEmpty()) return {HostFault::refused, L"the window is empty"};
   guarded([&] {
-    QdrDbDrawingVars_tag& vars = m_database->m_vars;
+    QdrDbDrawingVars_tag& vars = database().m_vars;
     const QdrXY limitsMin = vars.limitsMin;
     const QdrXY limitsMax = vars.limitsMax;
     vars.limitsMin.set(toWorld(rect.left), toWorld(rect.top));
@@ -70,7 +72,8 @@ HostAnswer DrawingHost::showWindow(const CQdrGePoint2d& min, const CQdrGePoint2d
 
 HostAnswer DrawingHost::showExtents() {
   if (isBusy()) return {HostFault::busy, L"a command is running"};
-  VisibleBox box = visibleBox(display());
+  VisibleBox box;
+  guarded([&] { box = visibleBox(display()); });
   if (box.isEmpty()) {
     zoomAll();
     return {};
@@ -108,7 +111,7 @@ void DrawingHost::trackView(wchar_t mode) {
   CQdrGePoint2d start;
   if (handler().GetGePoint(QdrDb::ePromptFirstCorner, start) != kInputPick) return;
   handler().SetPrompt(QdrDb::ePromptOppositeCorner);
-  CQdrDbDisplayTrecker tracker(m_view.get(), m_database.get(), mode);
+  CQdrDbDisplayTrecker tracker(m_view.get(), &database(), mode);
   tracker.Track(m_view.get(), display().GetDecivePoint(start));
   repaint();
 }

@@ -1,5 +1,7 @@
 #include "hostcore/page.h"
 
+#include <exception>
+
 #include "database/database.h"
 #include "interaction/display/display_table_record.h"
 #include "platform/device_context.h"
@@ -32,13 +34,18 @@ HostAnswer print(DrawingHost& host, IDeviceSurface& surface) {
   CQdrDbColorTable& colors = host.database().m_colorTable;
   const bool hadColor = colors.has(kPrintColor);
   CDC dc(&surface);
-  host.display().MakeUpDisplayWindow(&dc);
-  host.display().Draw(&dc);
+  bool printed = true;
+  try {
+    host.display().MakeUpDisplayWindow(&dc);
+    host.display().Draw(&dc);
+  } catch (const std::exception&) {
+    printed = false;
+  }
   // The pass makes the record of its colour when the drawing has none.
   if (!hadColor) colors.removeRecord(kPrintColor);
   host.display().MakeUpDisplayWindow(&host.screen().dc());
   host.repaint();
-  return {};
+  return printed ? HostAnswer() : HostAnswer{HostFault::refused, L"the page cannot be drawn"};
 }
 
 }  // namespace qdr

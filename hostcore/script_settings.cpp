@@ -70,6 +70,7 @@ DirectiveAnswer playSetting(ScriptStage& stage, std::wstring_view words) {
   } else {
     vars.*setting->number = value;
   }
+  stage.host().setModified();
   stage.host().repaint();
   return {};
 }
@@ -95,6 +96,7 @@ DirectiveAnswer playLayer(ScriptStage& stage, std::wstring_view words) {
   if (layer.isNull()) return failure(L"there is no layer \"" + name + L"\"");
   database.m_currentLayerId = layer;
   database.m_layerTable.setCurrentRecord(static_cast<CQdrDbLayerTableRecord*>(layer.getPObject()));
+  stage.host().setModified();
   return {};
 }
 

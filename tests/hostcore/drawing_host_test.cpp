@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cwchar>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "database/database.h"
 #include "entities/cobweb.h"
@@ -15,6 +17,7 @@
 #include "hostcore/prompts.h"
 #include "hostcore/script_player.h"
 #include "platform/svg_surface.h"
+#include "tests/hostcore/stage_pictures.h"
 #include "tests/support/drawing_bytes.h"
 
 using qdr::HostFault;
@@ -73,6 +76,96 @@ TEST_F(HostTest, OpensOnlyDrawings) {
     play(".expect count circle 1");
   }
   EXPECT_TRUE(host().open(qdr::fromUtf8(drawing)));
+}
+
+// Each drawing keeps its own: entities, log, selection, window, mark of being unsaved.
+TEST_F(HostTest, DrawingsStandBesideOneAnother) {
+  const std::string drawing = temporary("beside.kov");
+  play(".window 0,0 400,300\ncircle\n50,50\n20\n.pick 70,50\n.expect selected 1\n");
+  const auto picture = [this] { return qdr::test::pixelsOf(m_stage); };
+  host().repaint();
+  const std::vector<qdr::Pixel> first = picture();
+  ASSERT_TRUE(host().addDrawing());
+  EXPECT_EQ(host().drawingCount(), 2u);
+  EXPECT_EQ(host().activeDrawing(), 1u);
+  EXPECT_EQ(_gpDatabase, &host().database());
+  EXPECT_TRUE(host().isModified(0));
+  EXPECT_FALSE(host().isModified(1));
+  play(".expect count 0\n.expect selected 0\nline\n0,0\n9,9\n.enter\nrect\n1,1\n2,2\n.save " +
+       drawing);
+  EXPECT_NE(picture(), first);
+
+  ASSERT_TRUE(host().activate(0));
+  EXPECT_EQ(picture(), first) << "with its grips";
+  play(
+      ".expect count circle 1\n.expect count 1\n.expect selected 1\n.undo\n.expect count "
+      "0\n.redo\n");
+  ASSERT_TRUE(host().openBeside(qdr::fromUtf8(drawing)));
+  EXPECT_EQ(host().activeDrawing(), 2u);
+  EXPECT_EQ(host().path(2), qdr::fromUtf8(drawing));
+  play(".expect count 2\ncircle\n5,5\n1\n.expect count 3\n");
+
+  EXPECT_EQ(host().activate(3).fault, HostFault::refused);
+  EXPECT_EQ(host().closeDrawing(3).fault, HostFault::refused);
+  EXPECT_EQ(host().openBeside(L"/no/such.kov").fault, HostFault::file);
+  EXPECT_EQ(host().drawingCount(), 3u);
+  // One that waits goes without a trace on the screen; the active one hands over to the one before.
+  const std::vector<qdr::Pixel> third = picture();
+  ASSERT_TRUE(host().closeDrawing(0));
+  EXPECT_EQ(host().activeDrawing(), 1u);
+  EXPECT_EQ(picture(), third);
+  ASSERT_TRUE(host().closeDrawing(1));
+  EXPECT_EQ(host().activeDrawing(), 0u);
+  play(".expect count 2\n.expect count line 1\n.undo\n.expect count line 1\n.expect count 1\n");
+  ASSERT_TRUE(host().closeDrawing(0));
+  EXPECT_EQ(host().drawingCount(), 1u);
+  play(".expect count 0\n");
+  EXPECT_EQ(_gpDatabase, &host().database());
+}
+
+TEST_F(HostTest, OnlyGripsUnderTheMouseShowTheirCursor) {
+  play(".window 0,0 400,300\ncircle\n50,50\n20\n.pick 70,50\n.expect selected 1\n");
+  const auto isShown = [this](LPARAM hit) {
+    return host().view().SendMessage(WM_SETCURSOR, 0, hit) != 0;
+  };
+  constexpr LPARAM kClient = 1;
+  constexpr LPARAM kFrame = 18;
+  EXPECT_TRUE(isShown(kClient));
+  EXPECT_FALSE(isShown(kFrame));
+  play(".move 300,200\n");
+  EXPECT_FALSE(isShown(kClient));
+}
+
+// A view that grew while another drawing was shown: the scale stays.
+TEST_F(HostTest, AWaitingDrawingFollowsTheSizeOfTheView) {
+  m_stage.resizeView({400, 300});
+  play(".window 0,0 400,300\n");
+  ASSERT_TRUE(host().addDrawing());
+  m_stage.resizeView({800, 600});
+  ASSERT_TRUE(host().activate(0));
+  EXPECT_NEAR(host().display().scaleX(), 100.0, 0.5);  // logical units of a pixel, as before
+  EXPECT_EQ(host().display().clientRect(), CRect(0, 0, 800, 600));
+}
+
+TEST(HostBackups, TheEarlierFileIsKeptWhenAsked) {
+  qdr::useFoundDataFolder();
+  const std::string drawing = temporary("kept.kov");
+  const std::string backup = temporary("kept.bak");
+  std::remove(drawing.c_str());
+  std::remove(backup.c_str());
+  for (const bool keeps : {false, true}) {
+    qdr::HostOptions options;
+    options.keepsBackups = keeps;
+    ScriptStage stage(options, ScriptStage::Facts::fixed);
+    ASSERT_TRUE(stage.host().save(qdr::fromUtf8(drawing)));
+    EXPECT_EQ(bytesOf(backup).empty(), !keeps);
+    const std::string earlier = bytesOf(drawing);
+    stage.host().database().setAuthor(L"another");
+    ASSERT_TRUE(stage.host().save(qdr::fromUtf8(drawing)));
+    EXPECT_NE(bytesOf(drawing), earlier);
+    EXPECT_EQ(bytesOf(backup), keeps ? earlier : std::string());
+    EXPECT_TRUE(stage.platform().ui.boxes().empty());
+  }
 }
 
 // The number of a new entity lies above all that were loaded, also when the process is younger
@@ -138,6 +231,10 @@ TEST_F(HostTest, RefusesWhileACommandRuns) {
     EXPECT_EQ(host().undo().fault, HostFault::busy);
     EXPECT_EQ(host().redo().fault, HostFault::busy);
     EXPECT_EQ(host().newDrawing().fault, HostFault::busy);
+    EXPECT_EQ(host().addDrawing().fault, HostFault::busy);
+    EXPECT_EQ(host().activate(0).fault, HostFault::busy);
+    EXPECT_EQ(host().closeDrawing(0).fault, HostFault::busy);
+    EXPECT_EQ(host().openBeside(L"a.kov").fault, HostFault::busy);
     EXPECT_EQ(host().open(L"a.kov").fault, HostFault::busy);
     EXPECT_EQ(host().save(L"a.kov").fault, HostFault::busy);
     EXPECT_EQ(host().showExtents().fault, HostFault::busy);
