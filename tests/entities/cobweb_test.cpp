@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "entities/drawn_box.h"
 #include "geometry/angle.h"
 #include "geometry/line2d.h"
 #include "tests/support/entity_text.h"
-#include "tests/support/sketch.h"
 
 namespace {
 
@@ -29,15 +27,14 @@ class Cobwebs : public testing::Test {
   CQdrUndoHandler& undo = database.m_undoHandler;
 };
 
-TEST_F(Cobwebs, GripsRunFromWingToWing) {
-  expectNear(web->getGripPoint(0), {1, 2}, "centre");
-  expectNear(web->getGripPoint(2), {6, 2}, "first outer");
-  expectNear(web->getGripPoint(3), {1, 5}, "second inner");
-  expectNear(web->getGripPoint(9), {7, 2}, "handle, a fifth beyond the first spoke");
+TEST_F(Cobwebs, CountsItsWings) {
   std::vector<CQdrGePoint2d>* grips = nullptr;
   web->SetWings(1);
   web->getGripPointVec(grips);
   EXPECT_EQ(grips->size(), 4u);
+  web->SetWings(4);
+  EXPECT_EQ(web->GetWingNum({1, 4}, 0.01), 1);
+  EXPECT_EQ(web->GetWingNum({4, 4}, 0.01), -1);
   web->SetWings(-3);
   EXPECT_EQ(web->GetDivAngle(), 0.0);
   EXPECT_EQ(web->GetWingNum({1, 2}, 0.1), -1);
@@ -55,32 +52,6 @@ TEST_F(Cobwebs, OnlyItsOwnTransformsMoveIt) {
   expectNear(web->getGripPoint(2), {0, 14}, "scaled");
   web->mirror(CQdrGeLine2d(CQdrGePoint2d(0, 0), CQdrGePoint2d(1, 0)));
   expectNear(web->getGripPoint(2), {0, -14}, "mirrored");
-}
-
-TEST_F(Cobwebs, DrawsOnItselfInItsBox) {
-  const qdr::DrawnBox box = qdr::drawnBox(*web);
-  const std::vector<CQdrGePoint2d> drawn = qdr::test::drawnPoints(*web);
-  ASSERT_FALSE(drawn.empty());
-  for (const CQdrGePoint2d& point : drawn) {
-    EXPECT_EQ(web->isOn(point, 2 * qdr::test::kSketchPixel), 1);
-    EXPECT_TRUE(point.x >= box.minX - 1 && point.x <= box.maxX + 1);
-    EXPECT_TRUE(point.y >= box.minY - 1 && point.y <= box.maxY + 1);
-  }
-  EXPECT_EQ(web->GetWingNum({1, 4}, 0.01), 1);
-  EXPECT_EQ(web->GetWingNum({4, 4}, 0.01), -1);
-}
-
-TEST_F(Cobwebs, SurvivesAFileAndShowsItsFields) {
-  const std::string bytes = qdr::test::bytesOf(*web);
-  EXPECT_EQ(bytes.size(), 83u);
-  CQdrDbCobweb again(&database);
-  qdr::test::readFrom(again, bytes);
-  EXPECT_EQ(qdr::test::bytesOf(again).substr(8), bytes.substr(8));
-  const std::vector<Property> rows = web->getProperty()[QdrDb::eClassCobweb][L"Shape"];
-  ASSERT_EQ(rows.size(), 6u);
-  EXPECT_EQ(rows[0].m_value, L"4");
-  EXPECT_EQ(rows[3].m_name, L"InnerRadius");
-  EXPECT_EQ(rows[3].m_value, L"3.000000");
 }
 
 TEST_F(Cobwebs, RepeatsEntitiesAtItsWings) {
