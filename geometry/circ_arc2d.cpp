@@ -100,7 +100,7 @@ CQdrGeCircArc2d& CQdrGeCircArc2d::set(const CQdrGePoint2d& p1, const CQdrGePoint
   const CQdrGePoint2d first = turnsLeft ? p1 : p3;
   const CQdrGePoint2d last = turnsLeft ? p3 : p1;
   m_center = qdr::bisectorCenter(p1, p2, p3).value_or(m_center);
-  m_radius = m_center.distanceTo(first);
+  m_radius = m_center.distanceTo(p1);
   setAngles(m_center.angleTo(first), m_center.angleTo(last));
   return *this;
 }
@@ -135,7 +135,7 @@ CQdrGeCircArc2d& CQdrGeCircArc2d::setOverChord(const CQdrGePoint2d& p1, const CQ
   const bool isFlat = !(2.0 * std::abs(bulge) > qdr::kCollinearRatio * (1.0 + squared));
   if (!isFlat && chord.lengthSqrd() > 0.0)
     m_center = p1 + chord / 2.0 + chord.perpVector() * ((1.0 - squared) / (4.0 * bulge));
-  m_radius = m_center.distanceTo(first);
+  m_radius = m_center.distanceTo(p1);
   setAngles(m_center.angleTo(first), m_center.angleTo(last));
   return *this;
 }
@@ -243,20 +243,20 @@ CQdrGeCircArc2d& CQdrGeCircArc2d::transformBy(const CQdrGeMatrix2d& m) {
 
 void CQdrGeCircArc2d::getGrVertexArray(std::vector<CPoint>& points, int n, double scale) const {
   points.clear();
-  const double sweep = qdr::sweepBetween(m_startAng, m_endAng);
   const double end = qdr::withTurnIfNegative(m_endAng);
-  const auto append = [&](double angle) {
-    const CQdrGePoint2d p = pointAtAngle(angle);
+  double angle = qdr::withTurnIfNegative(m_startAng);
+  if (end < angle) angle -= qdr::kTwoPi;
+  const auto append = [&](double at) {
+    const CQdrGePoint2d p = pointAtAngle(at);
     points.emplace_back(qdr::truncToInt(p.x * scale), qdr::truncToInt(p.y * scale));
   };
-  double angle = end - sweep;
   if (n < 1) {
     append(angle);
     append(end);
     return;
   }
   const double step = qdr::kTwoPi / n;
-  const std::size_t most = screenPointLimit(sweep, n);
+  const std::size_t most = screenPointLimit(end - angle, n);
   points.reserve(most);
   while (angle < end && points.size() + 1 < most && angle + step > angle) {
     append(angle);

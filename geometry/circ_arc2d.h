@@ -53,7 +53,7 @@ class QDR_API CQdrGeCircArc2d : public CQdrGeEntity2d {
                        bool clockwise = false);
 
   /// The arc from p1 through p2 to p3, stored counter-clockwise. Of collinear points the center
-  /// stays as it was.
+  /// stays as it was, and the radius is its distance from p1.
   CQdrGeCircArc2d& set(const CQdrGePoint2d& p1, const CQdrGePoint2d& p2, const CQdrGePoint2d& p3);
 
   /// Arc over the chord p1 p2. With `isSagitta`, `value` is the bulge: positive bows to the right
@@ -87,7 +87,8 @@ class QDR_API CQdrGeCircArc2d : public CQdrGeEntity2d {
 
   /// Two vertices with widths unset: start with bulge(), negated if `clockwise`, and end with 0. A
   /// whole circle gives a closed polyline from angle 0 over angle pi, bulges 1 or -1, whatever its
-  /// angles. `clockwise` changes the sign only; start and end keep their places.
+  /// angles; of an arc the closed flag of `result` stays. `clockwise` changes the sign only; start
+  /// and end keep their places.
   void asPolyline(CQdrGePolyline2d& result, int clockwise) const;
 
   /// Center coordinates, radius and both angles each differ by at most `tol`.

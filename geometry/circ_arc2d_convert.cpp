@@ -18,7 +18,6 @@ void CQdrGeCircArc2d::getEllipse(CQdrGeEllipArc2d& result) const {
 void CQdrGeCircArc2d::asPolyline(CQdrGePolyline2d& result, int clockwise) const {
   const double sign = clockwise ? -1.0 : 1.0;
   result.setSize(2);
-  result.setClosed(false);
   if (!isWhole()) {
     result.appendVertex(startPoint(), sign * bulge(), kNoWidth, kNoWidth);
     result.appendVertex(endPoint(), 0.0, kNoWidth, kNoWidth);

@@ -91,8 +91,9 @@ class QDR_API CQdrGeEllipArc2d : public CQdrGeEntity2d {
   /// Rebuilds the chain with an arc for every two of `steps` steps of a full turn. Always true.
   bool setGePolyline(int steps);
 
-  /// True when the distances to the foci sum up to at most the major axis plus `margin` and the
-  /// polar angle lies strictly between the stored angles, each widened by `margin`.
+  /// True when the distances to the foci sum up to at most twice the major radius plus `margin` and
+  /// the polar angle lies strictly between the stored angles, each widened by `margin`. The foci
+  /// are looked for along the major axis: with a larger minor radius no point is inside.
   bool isInside(const CQdrGePoint2d& point, double margin) const;
 
   bool isEqualTo(const CQdrGeEllipArc2d& ellipse, const double& tol) const;

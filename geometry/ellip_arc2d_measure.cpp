@@ -1,6 +1,5 @@
 // Questions about the ellipse. Nearly all go to the chain.
 
-#include <algorithm>
 #include <cmath>
 
 #include "geometry/angle.h"
@@ -9,16 +8,14 @@
 #include "geometry/line2d.h"
 
 bool CQdrGeEllipArc2d::isInside(const CQdrGePoint2d& point, double margin) const {
-  // The foci lie on the longer axis, whichever radius that is.
   const CQdrGePoint2d p = inFrame(point);
-  const double longer = std::max(m_majorRadius, m_minorRadius);
-  const double shorter = std::min(m_majorRadius, m_minorRadius);
-  const double focus = std::sqrt(longer * longer - shorter * shorter);
-  const CQdrGeVector2d toFocus =
-      m_majorRadius >= m_minorRadius ? CQdrGeVector2d(focus, 0.0) : CQdrGeVector2d(0.0, focus);
+  // No number, and then no point inside, when the minor radius is the larger one.
+  const double focus = std::sqrt(m_majorRadius * m_majorRadius - m_minorRadius * m_minorRadius);
+  const CQdrGeVector2d toFocus(focus, 0.0);
   const double sum = (p.asVector() - toFocus).length() + (p.asVector() + toFocus).length();
   const double polar = p.asVector().angle();
-  return sum <= 2.0 * longer + margin && m_startAng - margin < polar && polar < m_endAng + margin;
+  return sum <= 2.0 * m_majorRadius + margin && m_startAng - margin < polar &&
+         polar < m_endAng + margin;
 }
 
 bool CQdrGeEllipArc2d::isEqualTo(const CQdrGeEllipArc2d& ellipse, const double& tol) const {

@@ -208,7 +208,8 @@ class QDR_API CQdrGePolyline2d : public CQdrGeEntity2d {
   /// Drops each point within 0.001 of the point before it and answers how many are left.
   static int CheckSameIntPoints(std::vector<CQdrGePoint2d>& points);
 
-  /// +1 when `side` lies left of the travel of the nearest segment, else -1.
+  /// +1 left, -1 right of the nearest segment. On a straight one the turn from `side` over its foot
+  /// to the end decides: level with the end it is none and gives -1, beyond it the other side.
   int getoffsetDirection(const CQdrGePoint2d& side, double dist) const;
 
   /// Appends the unchained pieces of the offset toward `side`, and with `both` those of the other

@@ -27,13 +27,6 @@ CQdrGePoint2d onCircle(double degrees, double radius = 1.0) {
   return CQdrGePoint2d(std::cos(degrees * kDegree), std::sin(degrees * kDegree)) * radius;
 }
 
-struct BuildRow {
-  const char* name;
-  CQdrGeCircArc2d arc;
-  CQdrGePoint2d center;
-  double radius, start, end;
-};
-
 CQdrGeCircArc2d built() {
   return {};
 }
@@ -43,64 +36,33 @@ TEST(CircArc2d, IsBuiltFromWhatIsGiven) {
   const auto& x = CQdrGeVector2d::kXAxis;
   const auto& y = CQdrGeVector2d::kYAxis;
   const double quarter = std::tan(kPi / 8);
-  const BuildRow rows[] = {
-      {"default", built(), {0, 0}, 1, 0, kTwoPi},
-      {"clockwise swaps", {{3, 4}, 2, 0.5, 1.5, x, true}, {3, 4}, 2, 1.5, 0.5},
-      {"constructor takes the reference off",
-       {{3, 4}, 2, 0.5, 1.5, y},
-       {3, 4},
-       2,
-       0.5 - kHalfPi,
-       1.5 - kHalfPi},
-      {"set adds a quarter for the y axis",
-       built().set({3, 4}, 2, 0.5, 1.5, y),
-       {3, 4},
-       2,
-       0.5 + kHalfPi,
-       1.5 + kHalfPi},
-      {"set ignores other references",
-       built().set({3, 4}, 2, 0.5, 1.5, {1, 1}, true),
-       {3, 4},
-       2,
-       1.5,
-       0.5},
-      {"set through three points", built().set(right, top, left), {0, 0}, 1, 0, kPi},
-      {"set through three, clockwise", built().set(left, top, right), {0, 0}, 1, 0, kPi},
-      {"three points built leave the middle out", {right, top, left}, {0, 0}, 1, kPi, 0},
-      {"set in a line keeps the center", built().set({3, 0}, {4, 0}, {5, 0}), {0, 0}, 5, 0, 0},
-      {"bulge to the right",
-       built().set({0, 0}, {2, 0}, quarter, true),
-       {1, 1},
-       std::sqrt(2.0),
-       5 * kPi / 4,
-       7 * kPi / 4},
-      {"bulge to the left",
-       {{0, 0}, {2, 0}, -quarter, true},
-       {1, -1},
-       std::sqrt(2.0),
-       kPi / 4,
-       3 * kPi / 4},
-      {"bulge of more than a half turn",
-       {{1, 0}, {0, 1}, std::tan(3 * kPi / 8), true},
-       {1, 1},
-       1,
-       3 * kHalfPi,
-       kPi},
-      {"no bulge keeps the center", {{0, 0}, {2, 0}, 0.0, true}, {0, 0}, 2, 0, 0},
+  const double root2 = std::sqrt(2.0), bigBulge = std::tan(3 * kPi / 8);
+  const CQdrGePoint2d at(3, 4), a(0, 0), b(2, 0), one(1, 1);
+  struct {
+    const char* name;
+    CQdrGeCircArc2d arc, expected;
+  } const rows[] = {
+      {"default", built(), {a, 1, 0, kTwoPi}},
+      {"clockwise swaps", {at, 2, 0.5, 1.5, x, true}, {at, 2, 1.5, 0.5}},
+      {"constructor takes y off", {at, 2, 2, 3, y}, {at, 2, 2 - kHalfPi, 3 - kHalfPi}},
+      {"set adds it", built().set(at, 2, 2, 3, y), {at, 2, 2 + kHalfPi, 3 + kHalfPi}},
+      {"set ignores others", built().set(at, 2, 0.5, 1.5, {1, 1}, true), {at, 2, 1.5, 0.5}},
+      {"set through three points", built().set(right, top, left), {a, 1, 0, kPi}},
+      {"set through three, clockwise", built().set(left, top, right), {a, 1, 0, kPi}},
+      {"three points built leave the middle out", {right, top, left}, {a, 1, kPi, 0}},
+      {"set in a line keeps the center", built().set({3, 0}, {4, 0}, {5, 0}), {a, 3, 0, 0}},
+      {"bulge to the right", {a, b, quarter, true}, {one, root2, 5 * kPi / 4, 7 * kPi / 4}},
+      {"bulge to the left", {a, b, -quarter, true}, {{1, -1}, root2, kPi / 4, 3 * kPi / 4}},
+      {"more than a half turn", {right, top, bigBulge, true}, {one, 1, 3 * kHalfPi, kPi}},
+      {"no bulge keeps the center", {right, b, 0.0, true}, {a, 1, 0, 0}},
       // Included angle pi/2: the ways from the ends lean by pi/4, up and to the middle.
-      {"quarter tangent looks at the center",
-       {{0, 0}, {2, 0}, quarter, false},
-       {1, 1},
-       std::sqrt(2.0),
-       kPi / 4,
-       3 * kPi / 4},
-      {"half turn by tangent keeps the center", {{0, 0}, {2, 0}, 1.0, false}, {0, 0}, 0, 0, kPi},
+      {"quarter looks at the center", {a, b, quarter, false}, {one, root2, kPi / 4, 3 * kPi / 4}},
+      {"half turn by tangent keeps the center", {a, b, 1.0, false}, {a, 0, 0, kPi}},
   };
-  for (const BuildRow& row : rows) {
-    EXPECT_TRUE(isNear(row.arc.center(), row.center)) << row.name;
-    EXPECT_NEAR(row.arc.radius(), row.radius, 1e-12) << row.name;
-    EXPECT_NEAR(row.arc.startAng(), row.start, 1e-9) << row.name;
-    EXPECT_NEAR(row.arc.endAng(), row.end, 1e-9) << row.name;
+  for (const auto& row : rows) {
+    EXPECT_TRUE(row.arc.isEqualTo(row.expected, 1e-9))
+        << row.name << ": " << ::testing::PrintToString(row.arc.center()) << " " << row.arc.radius()
+        << " " << row.arc.startAng() << " " << row.arc.endAng();
   }
   CQdrGeCircArc2d arc;
   arc.setStartAngle(-1);
@@ -321,70 +283,47 @@ TEST(CircArc2d, MeetsALine) {
   }
 }
 
-struct ArcsRow {
-  const char* name;
-  CQdrGeCircArc2d a, b;
-  Mode mode;
-  double tol;
-  std::vector<CQdrGePoint2d> hits;
-  int countOnFailure;
-};
-
 TEST(CircArc2d, MeetsAnArc) {
-  const CQdrGeCircArc2d full, leftOf({1.2, 0}, 1, kHalfPi, kPi), apart({5, 0}, 1);
-  const CQdrGeCircArc2d touching({2, 0}, 1), endTouch({2, 0}, 1, kPi, kTwoPi);
-  const CQdrGeCircArc2d upper = arcOf(0, 180);
-  const ArcsRow rows[] = {
-      {"left of the centers' way first",
-       full,
-       {{1.2, 0}, 1},
-       Mode(0),
-       kTol,
-       {{0.6, 0.8}, {0.6, -0.8}},
-       9},
-      {"by both", full, leftOf, Mode(0), kTol, {{0.6, 0.8}}, 9},
-      {"this extended goes by the argument",
-       upper,
-       {{1.2, 0}, 1},
-       Mode(1),
-       kTol,
-       {{0.6, 0.8}, {0.6, -0.8}},
-       9},
-      {"argument extended goes by this", upper, leftOf, Mode(2), kTol, {{0.6, 0.8}}, 9},
-      {"second alone moves up", arcOf(180, 360), {{1.2, 0}, 1}, Mode(0), kTol, {{0.6, -0.8}}, 9},
-      {"both extended", arcOf(180, 190), leftOf, Mode(3), kTol, {{0.6, 0.8}, {0.6, -0.8}}, 9},
-      {"neither", arcOf(180, 190), leftOf, Mode(0), kTol, {}, 0},
-      {"apart keeps the count", full, apart, Mode(3), kTol, {}, 9},
-      {"one within the other", full, {{0.1, 0}, 3}, Mode(3), kTol, {}, 9},
-      {"the smaller one touching from inside", {{2, 0}, 1}, {{0, 0}, 3}, Mode(3), kTol, {}, 9},
-      {"the larger one touched from inside",
-       {{0, 0}, 3},
-       {{2, 0}, 1},
-       Mode(3),
-       kTol,
-       {{3, 0}, {3, 0}},
-       9},
-      {"concentric and equal", full, full, Mode(3), kTol, {}, 9},
-      {"concentric at no tolerance", full, full, Mode(3), 0.0, {}, 9},
-      {"touching from outside, no end there",
-       arcOf(-90, 90),
-       {{2, 0}, 1, kHalfPi, 3 * kHalfPi},
-       Mode(0),
-       kTol,
-       {},
-       9},
-      {"touching at ends, whatever the mode", full, endTouch, Mode(2), kTol, {{1, 0}}, 9},
+  const CQdrGeCircArc2d full, whole({1.2, 0}, 1), leftOf({1.2, 0}, 1, kHalfPi, kPi);
+  const CQdrGeCircArc2d upper = arcOf(0, 180), low = arcOf(180, 190), large({0, 0}, 3);
+  const CQdrGeCircArc2d within({2, 0}, 1), endTouch({2, 0}, 1, kPi, kTwoPi);
+  const CQdrGeCircArc2d facing({2, 0}, 1, kHalfPi, 3 * kHalfPi);
+  const CQdrGePoint2d up(0.6, 0.8), down(0.6, -0.8);
+  struct {
+    const char* name;
+    CQdrGeCircArc2d a, b;
+    Mode mode;
+    std::vector<CQdrGePoint2d> hits;
+    int countOnFailure = 9;
+  } const rows[] = {
+      {"left of the centers' way first", full, whole, Mode(0), {up, down}},
+      {"by both", full, leftOf, Mode(0), {up}},
+      {"this extended goes by the argument", upper, whole, Mode(1), {up, down}},
+      {"argument extended goes by this", upper, leftOf, Mode(2), {up}},
+      {"second alone moves up", arcOf(180, 360), whole, Mode(0), {down}},
+      {"both extended", low, leftOf, Mode(3), {up, down}},
+      {"neither clears the count", low, leftOf, Mode(0), {}, 0},
+      {"apart keeps the count", full, {{5, 0}, 1}, Mode(3), {}},
+      {"one within the other", full, {{0.1, 0}, 3}, Mode(3), {}},
+      {"the smaller one touching from inside", within, large, Mode(3), {}},
+      {"the larger one touched from inside", large, within, Mode(3), {{3, 0}, {3, 0}}},
+      {"concentric and equal", full, full, Mode(3), {}},
+      {"touching outside, no end there", arcOf(-90, 90), facing, Mode(0), {}},
+      {"touching at ends, whatever the mode", full, endTouch, Mode(2), {{1, 0}}},
   };
-  for (const ArcsRow& row : rows) {
+  for (const auto& row : rows) {
     CQdrGePoint2d p1, p2;
     int count = 9;
-    const bool met = row.a.intersectWith(row.b, count, p1, p2, row.mode, row.tol);
+    const bool met = row.a.intersectWith(row.b, count, p1, p2, row.mode, kTol);
     EXPECT_EQ(met, !row.hits.empty()) << row.name;
     if (met)
       expectHits(row.name, count, p1, p2, row.hits);
     else
       EXPECT_EQ(count, row.countOnFailure) << row.name;
   }
+  CQdrGePoint2d p1, p2;
+  int count = 9;
+  EXPECT_FALSE(full.intersectWith(full, count, p1, p2, Mode(3), 0.0)) << "nor at no tolerance";
 }
 
 TEST(CircArc2d, ClosestPointsGoByCenterLines) {
@@ -480,6 +419,8 @@ TEST(CircArc2d, BecomesAPolyline) {
   EXPECT_EQ(chain.getBulgeAt(1), -1);
   EXPECT_TRUE(isNear(chain.points()[0], {3, 0}) && isNear(chain.points()[1], {-1, 0}))
       << "from angle 0, whatever the angles";
+  arcOf(0, 90, 2).asPolyline(chain, 0);
+  EXPECT_TRUE(chain.isClosed()) << "an arc leaves the flag";
   EXPECT_TRUE(CQdrGeCircArc2d({1, 0}, 2).isInsidePoint({2.5, 0.25}));
   EXPECT_FALSE(CQdrGeCircArc2d({1, 0}, 2).isInsidePoint({3.5, 0.25}));
   EXPECT_FALSE(arcOf(0, 180).isInsidePoint({0, 0.5})) << "an open arc holds nothing";

@@ -9,6 +9,7 @@
 
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
+#include "geometry/internal/chain_side.h"
 #include "geometry/line2d.h"
 #include "platform/headless/memory_file.h"
 #include "tests/geometry/polyline_support.h"
@@ -190,6 +191,29 @@ TEST(Polyline2d, ClosestPointsGoToTheFirstOfEqualSegments) {
   EXPECT_NEAR(v.x, 0, 1e-9);
   EXPECT_NEAR(v.y, 1, 1e-9) << "the shortest, from the foot to the point";
   EXPECT_EQ(Chain().perpVecFromPoint({2, 1}, v, 1e-6), false);
+}
+
+TEST(Polyline2d, SidesBeyondAnEndAreTrueOnlyByTheWholeLine) {
+  const Chain line = chainOf({{0, 0}, {10, 0}});
+  const Chain loop = chainOf({{0, 0}, {10, 0}, {10, -10}, {0, -10}}, true);  // clockwise
+  struct Row {
+    const char* name;
+    const Chain& chain;
+    CQdrGePoint2d side;
+    bool isLeft;
+    int direction;
+  };
+  for (const Row& row : std::vector<Row>{{"beside, left", line, {3, 1}, true, 1},
+                                         {"beside, right", line, {3, -1}, false, -1},
+                                         {"before the start", line, {-2, 1}, true, 1},
+                                         {"level with the end", line, {10, 1}, true, -1},
+                                         {"beyond the end, left", line, {12, 1}, true, -1},
+                                         {"beyond the end, right", line, {12, -1}, false, 1},
+                                         {"off a corner", loop, {11, 1}, true, -1},
+                                         {"inside", loop, {9, -2}, false, -1}}) {
+    EXPECT_EQ(qdr::isLeftOfChain(row.chain, row.side), row.isLeft) << row.name;
+    EXPECT_EQ(row.chain.getoffsetDirection(row.side, 1), row.direction) << row.name;
+  }
 }
 
 TEST(Polyline2d, ClosingContinuesTheLastArc) {
