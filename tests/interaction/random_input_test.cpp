@@ -37,8 +37,21 @@ unsigned testSeed() {
 class Monkey {
  public:
   explicit Monkey(unsigned seed) : m_random(seed) {
-    const char* const entities[] = {"line 20 20 80 60",  "line 10 90 190 10", "circle 100 50 30",
-                                    "arc 60 50 25 0 90", "rect 20 80 60 40",  "point 5 5 2"};
+    const char* const entities[] = {"line 20 20 80 60",
+                                    "line 10 90 190 10",
+                                    "circle 100 50 30",
+                                    "arc 60 50 25 0 90",
+                                    "rect 20 80 60 40",
+                                    "point 5 5 2",
+                                    "box 120 20 50 30 20",
+                                    "ellipse 150 60 30 10 0.5",
+                                    "ellipsearc 40 30 25 0 0.6 30 300",
+                                    "polyline 10 10 0 60 10 1 60 30 0 10 30 0",
+                                    "loop 150 10 0.3 190 10 0 190 40 -0.5",
+                                    "spline 0.4 20 70 60 95 100 70 140 95",
+                                    "cspline 20 60 0 60 80 1 100 60 0 140 80 0",
+                                    "spiral 8 170 70 25 5 6 30",
+                                    "cobweb 90 60 8 20 5 15"};
     for (const char* text : entities)
       addFromText(*desk.drawing, text);
     handler().SetCrossCursor(LoadCursor(nullptr, IDC_SIZEALL));
