@@ -4,9 +4,9 @@
 #include "database/undo/undo_record.h"
 #include "entities/internal/corner_fillet.h"
 #include "entities/internal/polyline_segment.h"
-#include "entities/internal/polyline_steps.h"
 #include "entities/internal/trim_scheme.h"
 #include "entities/polyline.h"
+#include "entities/polyline_steps.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "entities/internal/chain_explode.h"
 #include "entities/internal/offset_copy.h"
-#include "entities/internal/polyline_steps.h"
 #include "entities/polyline.h"
+#include "entities/polyline_steps.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
 

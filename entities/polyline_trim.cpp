@@ -5,10 +5,10 @@
 
 #include "entities/circle.h"
 #include "entities/internal/polyline_segment.h"
-#include "entities/internal/polyline_steps.h"
 #include "entities/internal/trim_scheme.h"
 #include "entities/line.h"
 #include "entities/polyline.h"
+#include "entities/polyline_steps.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/line2d.h"
 #include "geometry/tolerance.h"

@@ -5,9 +5,9 @@
 
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
-#include "entities/internal/polyline_steps.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/polyline.h"
+#include "entities/polyline_steps.h"
 
 namespace {
 

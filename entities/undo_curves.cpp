@@ -107,6 +107,10 @@ void updateSpline(tagUndoEditEntity&, CQdrDbEntity& entity, bool) {
   static_cast<CQdrDbSpline&>(entity).updatePoly();
 }
 
+void reverseCSpline(tagUndoEditEntity&, CQdrDbEntity& entity, bool) {
+  static_cast<CQdrDbCSpline&>(entity).Reverse();
+}
+
 // Of the vertex `index` the option in `value`.
 void swapControlOption(tagUndoEditEntity& record, CQdrDbEntity& entity, bool) {
   auto& spline = static_cast<CQdrDbCSpline&>(entity);
@@ -145,6 +149,7 @@ const UndoRow kSplineUndo[] = {{kUndoBulge, swapFitParam},
 const UndoRow kCSplineUndo[] = {{kUndoVertex, swapCtrlVertex<CQdrDbCSpline>},
                                 {kUndoVertexAdded, removeCtrlVertex<CQdrDbCSpline>},
                                 {kUndoVertexRemoved, addCtrlVertexAgain<CQdrDbCSpline>},
+                                {kUndoReversed, reverseCSpline},
                                 {kUndoControlOption, swapControlOption}};
 const UndoRow kCobwebUndo[] = {{kUndoRadius, swapCobwebRadii}, {kUndoWings, swapWings}};
 

@@ -40,7 +40,7 @@ extern const UndoRow kEllipseArcUndo[2];
 extern const UndoRow kBoxUndo[1];
 extern const UndoRow kSpiralUndo[1];
 extern const UndoRow kSplineUndo[5];
-extern const UndoRow kCSplineUndo[4];
+extern const UndoRow kCSplineUndo[5];
 extern const UndoRow kCobwebUndo[2];
 
 /// The routine of a class whose steps are all of the common kind.

@@ -24,6 +24,7 @@ class QDR_API CQdrCSplineTracker : public qdr::ShapeTracker {
  protected:
   std::vector<bool> diamonds() const override;
   bool isMadeByPicks() const override { return true; }
+  void runOwnCommand(CWnd* window, int handle, unsigned command) override;
   void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
   void recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) override;
 };

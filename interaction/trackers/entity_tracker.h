@@ -147,6 +147,8 @@ class QDR_API CQdrDbEntityTracker {
   void forgetEntities(const qdr::EntitySet& gone);
 
  protected:
+  /// A command of the grip menu that belongs to the class.
+  virtual void runOwnCommand(CWnd*, int, unsigned) {}
   void showGrips();
   /// Grips that are marked by a diamond in the place of a box, true by index; those beyond the
   /// answer are boxes.

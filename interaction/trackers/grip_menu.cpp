@@ -178,6 +178,7 @@ void CQdrDbEntityTracker::runMenuCommand(CWnd* window, CPoint point, int handle,
       eraseByMenu();
       break;
     default:
+      runOwnCommand(window, handle, command);
       break;
   }
 }

@@ -9,29 +9,11 @@
 #include "entities/polyline.h"
 #include "geometry/angle.h"
 #include "interaction/trackers/arc_tracker.h"
+#include "interaction/trackers/polyline_grips.h"
 
 namespace {
 
 constexpr unsigned kMostSides = 1'000'000;
-
-// What a grip takes hold of: a vertex, or the middle of the arc behind it.
-struct GripPlace {
-  int vertex = -1;
-  bool isMiddle = false;
-};
-
-bool hasMiddle(const CQdrDbPolyline& polyline, int vertex) {
-  return polyline.SegType(vertex) == CQdrGePolyline2d::kArcSeg;
-}
-
-// Grips run along the chain; each arc has one behind that of its vertex.
-GripPlace placeOf(const CQdrDbPolyline& polyline, int grip) {
-  for (int vertex = 0; vertex < polyline.NumVerts(); ++vertex) {
-    if (grip-- == 0) return {vertex, false};
-    if (hasMiddle(polyline, vertex) && grip-- == 0) return {vertex, true};
-  }
-  return {};
-}
 
 // Bulge of the segment that runs from `start` through `middle` to `end`; 0 when the three lie on a
 // line. The angle at the middle and half the sweep make two right ones.
@@ -133,14 +115,14 @@ std::vector<bool> CQdrPolylineTracker::diamonds() const {
   const auto& polyline = static_cast<const CQdrDbPolyline&>(*m_entity);
   for (int vertex = 0; vertex < polyline.NumVerts(); ++vertex) {
     middles.push_back(false);
-    if (hasMiddle(polyline, vertex)) middles.push_back(true);
+    if (qdr::hasMiddle(polyline, vertex)) middles.push_back(true);
   }
   return middles;
 }
 
 void CQdrPolylineTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) {
   auto& polyline = static_cast<CQdrDbPolyline&>(entity);
-  const GripPlace place = placeOf(polyline, grip);
+  const qdr::GripPlace place = qdr::placeOf(polyline, grip);
   if (place.isMiddle) {
     bendThrough(polyline, place.vertex, mouse);
   } else {
@@ -150,7 +132,7 @@ void CQdrPolylineTracker::dragGrip(CQdrDbEntity& entity, int grip, const CQdrGeP
 
 void CQdrPolylineTracker::recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) {
   const auto& polyline = static_cast<const CQdrDbPolyline&>(entity);
-  const GripPlace place = placeOf(polyline, grip);
+  const qdr::GripPlace place = qdr::placeOf(polyline, grip);
   if (place.vertex < 0) return;
   tagUndoEditEntity step = qdr::undoStep(qdr::kUndoVertex, {});
   if (place.isMiddle) {

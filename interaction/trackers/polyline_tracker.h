@@ -37,10 +37,15 @@ class QDR_API CQdrPolylineTracker : public qdr::ShapeTracker {
 
  protected:
   std::vector<bool> diamonds() const override;
+  void runOwnCommand(CWnd* window, int handle, unsigned command) override;
   void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
   void recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) override;
 
  private:
+  void insertVertex(CQdrDbPolyline& polyline, int handle);
+  void removeVertex(CQdrDbPolyline& polyline, int handle);
+  void changeStart(CQdrDbPolyline& polyline, int handle);
+  void flipSegment(CQdrDbPolyline& polyline, int handle);
   void makePolygon(CQdrDbPolyline& polygon, const CQdrGePoint2d& mouse) const;
 
   CQdrGePoint2d m_arcPoint;

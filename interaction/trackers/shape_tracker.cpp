@@ -90,14 +90,18 @@ bool ShapeTracker::ControlEnd(int handle) {
 }
 
 void ShapeTracker::commit() {
+  if (m_gripsDrawn) drawCurrentEntity();
+  editEntity([this] { *m_entity = *m_currentEntity; });
+}
+
+void ShapeTracker::editEntity(const std::function<void()>& change) {
   const bool grips = m_gripsDrawn;
   if (grips) {
-    drawCurrentEntity();
     UnDrawGripBox();
     const qdr::RasterScope plain(m_dc, R2_COPYPEN);
     m_entity->UnDraw(m_dc);
   }
-  *m_entity = *m_currentEntity;
+  change();
   if (grips) DrawGripBox(false);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "database/undo/undo_operations.h"
@@ -47,8 +48,24 @@ class ShapeTracker : public CQdrDbEntityTracker {
   /// and what the mouse shows is not taken over.
   virtual bool isMadeByPicks() const { return false; }
 
+  /// Explodes and divides; what a class has besides, it adds.
+  void runOwnCommand(CWnd* window, int handle, unsigned command) override;
+
+  /// Lets a change work on the entity while neither it nor its grips are on the screen.
+  void editEntity(const std::function<void()>& change);
+  /// Records a step of the entity; the first of a user action.
+  void recordStep(tagUndoEditEntity step);
+  /// A point that the user picks or types, from a grip on; false when there is none, or when the
+  /// entity is gone meanwhile.
+  bool askPoint(int handle, CQdrGePoint2d& point);
+  /// Reverses a spline, or adds or removes a control vertex at a grip; false for other commands.
+  template <class Spline>
+  bool editVertices(Spline& spline, int handle, unsigned command);
+
  private:
   void commit();
+  void explode(CWnd* window);
+  void divide(CWnd* window);
   void record(int handle);
   void makeSteps(int handle, UndoSteps& steps);
 };

@@ -2,6 +2,8 @@
 
 #include "interaction/trackers/shape_tracker.h"
 
+class CQdrDbSpline;
+
 /// A spline under the mouse, shown with its control polygon: a grip is a control vertex.
 ///
 /// While it is made the mouse is the vertex behind those of the control polygon, which the command
@@ -23,9 +25,12 @@ class QDR_API CQdrSplineTracker : public qdr::ShapeTracker {
 
  protected:
   bool isMadeByPicks() const override { return true; }
+  void runOwnCommand(CWnd* window, int handle, unsigned command) override;
   void dragGrip(CQdrDbEntity& entity, int grip, const CQdrGePoint2d& mouse) override;
   void recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps& steps) override;
 
  private:
+  void changeFit(CQdrDbSpline& spline, CWnd* window);
+
   std::vector<CQdrGePoint2d> m_picked;
 };

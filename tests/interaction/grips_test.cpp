@@ -1,120 +1,24 @@
-// Grips of every class: what a drag and the menu change, undo and redo, and what a command tracks
-// while it makes an entity.
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <string>
+// Grips of every class: what a drag changes, undo and redo, and what a command tracks while it
+// makes an entity.
 
 #include "entities/arc.h"
-#include "entities/cobweb.h"
 #include "entities/line.h"
-#include "entities/polyline.h"
-#include "entities/rect.h"
-#include "entities/spline.h"
-#include "geometry/angle.h"
-#include "geometry/line2d.h"
 #include "interaction/trackers/box_tracker.h"
-#include "interaction/trackers/cspline_tracker.h"
 #include "interaction/trackers/ellipse_arc_tracker.h"
 #include "interaction/trackers/ellipse_tracker.h"
-#include "interaction/trackers/grip_menu.h"
 #include "interaction/trackers/polyline_tracker.h"
 #include "interaction/trackers/spline_tracker.h"
-#include "tests/support/desk.h"
-#include "tests/support/entity_text.h"
+#include "tests/interaction/grip_desk.h"
 
 namespace {
 
 using qdr::test::bytesOf;
-using qdr::test::Desk;
+using qdr::test::Entity;
+using qdr::test::gripsOf;
+using qdr::test::kEntities;
+using qdr::test::sameShape;
 
-using Entity = std::unique_ptr<CQdrDbEntity>;
-
-// Of every class that has a tracker, in the view of the desk.
-const char* const kEntities[] = {
-    "line 20 20 80 60",
-    "arc 60 50 30 20 200",
-    "circle 60 50 30",
-    "rect 20 80 60 40",
-    "box 40 30 60 40 0",
-    "box 60 20 50 30 70",
-    "ellipse 60 50 40 0 0.5",
-    "ellipsearc 60 50 40 10 0.5 20 200",
-    "polyline 20 20 0 60 20 1 60 60 0 20 60 0",
-    "loop 20 20 0 60 20 0 60 60 1",
-    "spline 0.4 20 20 60 80 100 20 140 80",
-    "cspline 20 20 0 60 80 1 100 20 0 140 80 0",
-    "spiral 8 60 50 40 10 12 0",
-    "cobweb 60 50 10 30 5 15",
-};
-
-class GripsOfClasses : public testing::Test {
- protected:
-  ~GripsOfClasses() override { EXPECT_FALSE(desk.script().isExhaustedUnannounced()); }
-
-  Entity made(const std::string& text) { return qdr::test::entityFromText(*desk.drawing, text); }
-
-  CQdrDbEntity* added(const std::string& text) {
-    CQdrDbEntity* const entity = made(text).release();
-    CQdrDbObjectId id;
-    desk.drawing->addEntity(entity, id);
-    return entity;
-  }
-
-  CQdrDbEntityTracker& grip(CQdrDbEntity* entity) {
-    desk.paint();
-    desk.handler().DoDragEntity(entity, CPoint(0, 0));
-    return *desk.handler().trackers().back();
-  }
-
-  // Takes the entity out of sight, so that the next one stands alone.
-  void putAway(CQdrDbEntity* entity) {
-    desk.handler().ClearTracker(true);
-    entity->setErased();
-    undo.m_undoList.clear();
-    undo.m_redoList.clear();
-  }
-
-  CPoint deviceOf(const CQdrGePoint2d& world) { return desk.record().GetDecivePoint(world); }
-  CWnd* window() { return desk.handler().GetDispWindow(); }
-
-  int dragTo(CQdrDbEntityTracker& tracker, int handle, const CQdrGePoint2d& to) {
-    desk.script().move(deviceOf(to).x, deviceOf(to).y).up();
-    return tracker.Track(window(), deviceOf(tracker.GetEntity()->getGripPoint(handle)), handle);
-  }
-
-  Desk desk;
-  CQdrUndoHandler& undo = desk.drawing->m_undoHandler;
-};
-
-std::vector<CQdrGePoint2d> gripsOf(CQdrDbEntity& entity) {
-  std::vector<CQdrGePoint2d>* grips = nullptr;
-  entity.getGripPointVec(grips);
-  return *grips;
-}
-
-// Grips and box tell all that a drag can change.
-testing::AssertionResult sameShape(CQdrDbEntity& actual, CQdrDbEntity& expected) {
-  constexpr double kNear = 1e-6;
-  std::vector<CQdrGePoint2d> a = gripsOf(actual);
-  std::vector<CQdrGePoint2d> b = gripsOf(expected);
-  for (auto [entity, points] : {std::pair{&actual, &a}, std::pair{&expected, &b}}) {
-    const CQdrDbRect box = entity->GetOutRect();
-    points->push_back(box.LeftTop());
-    points->push_back(box.RightBottom());
-  }
-  if (a.size() != b.size()) return testing::AssertionFailure() << a.size() << " points";
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    // The corners of the box of a drawn polygon are whole hundredths.
-    const double tol = i + 2 < a.size() ? kNear : 0.02;
-    if (!(a[i].distanceTo(b[i]) <= tol))
-      return testing::AssertionFailure() << "point " << i << ": (" << a[i].x << ", " << a[i].y
-                                         << ") for (" << b[i].x << ", " << b[i].y << ")";
-  }
-  return testing::AssertionSuccess();
-}
+class GripsOfClasses : public qdr::test::GripDesk {};
 
 TEST_F(GripsOfClasses, DragsChangeWhatTheGripSays) {
   struct Row {
@@ -224,100 +128,6 @@ TEST_F(GripsOfClasses, EveryGripCanBeDraggedAndTakenBack) {
       desk.paint();
     }
     desk.handler().ClearTracker(true);
-    putAway(entity);
-  }
-}
-
-TEST_F(GripsOfClasses, TheMenuTransformsEveryClass) {
-  const CQdrGeVector2d way(30, 20);
-  const auto own = [](CQdrDbEntity& entity) { return static_cast<CQdrDbCobweb*>(&entity); };
-  struct Row {
-    const char* name;
-    unsigned command;
-    std::function<void(CQdrDbEntity&, const CQdrGePoint2d&)> apply;
-    std::function<void(CQdrDbCobweb&, const CQdrGePoint2d&)> applyToWeb;
-  };
-  const auto along = [](const CQdrGePoint2d& from, const CQdrGeVector2d& direction) {
-    return CQdrGeLine2d(from, from + direction);
-  };
-  const double scale = way.length() / desk.drawing->m_vars.dragScaleUnit;
-  const Row rows[] = {
-      {"move", qdr::kGripMove, [&](auto& e, auto&) { e.TranslateBy(way); },
-       [&](auto& w, auto&) { w.translateBy(way); }},
-      {"rotate", qdr::kGripRotate, [&](auto& e, auto& at) { e.RotateBy(way.angle(), at); },
-       [&](auto& w, auto& at) { w.rotateBy(way.angle(), at); }},
-      {"scale", qdr::kGripScale, [&](auto& e, auto& at) { e.ScaleBy(scale, at); },
-       [&](auto& w, auto& at) { w.scaleBy(scale, at); }},
-      {"mirror by line", qdr::kGripMirrorByLine,
-       [&](auto& e, auto& at) { e.Mirror(along(at, way)); },
-       [&](auto& w, auto& at) { w.mirror(along(at, way)); }},
-      {"mirror x", qdr::kGripMirrorX,
-       [&](auto& e, auto& at) {
-         e.Mirror(along(at, {1, 0}));
-       },
-       [&](auto& w, auto& at) {
-         w.mirror(along(at, {1, 0}));
-       }},
-      {"mirror y", qdr::kGripMirrorY,
-       [&](auto& e, auto& at) {
-         e.Mirror(along(at, {0, 1}));
-       },
-       [&](auto& w, auto& at) {
-         w.mirror(along(at, {0, 1}));
-       }},
-  };
-  for (const char* text : kEntities) {
-    for (const Row& row : rows) {
-      SCOPED_TRACE(std::string(text) + ": " + row.name);
-      CQdrDbEntity* const entity = added(text);
-      CQdrDbEntityTracker& tracker = grip(entity);
-      // Pixels are whole, and so is the way of the mouse from where the grip really is.
-      const CQdrGePoint2d at = entity->getGripPoint(0);
-      const Entity expected = made(text);
-      if (entity->classType() == QdrDb::eClassCobweb) {
-        row.applyToWeb(*own(*expected), at);
-      } else {
-        row.apply(*expected, at);
-        expected->setGripPoints();
-      }
-      desk.ui().choose(row.command);
-      const bool tracked = row.command != qdr::kGripMirrorX && row.command != qdr::kGripMirrorY;
-      const CPoint to = deviceOf(at + way);
-      if (tracked) desk.script().click(to.x, to.y);
-      tracker.TrackMenu(window(), deviceOf(at));
-      EXPECT_TRUE(sameShape(*entity, *expected));
-      EXPECT_TRUE(undo.Undo());
-      EXPECT_TRUE(sameShape(*entity, *made(text)));
-      EXPECT_TRUE(undo.Redo());
-      EXPECT_TRUE(sameShape(*entity, *expected));
-      putAway(entity);
-    }
-  }
-  EXPECT_TRUE(desk.ui().faults().empty());
-}
-
-TEST_F(GripsOfClasses, TheMenuCopiesEveryClass) {
-  CQdrDbBlockTableRecord& space = *desk.drawing->m_blockTable.getCurrentRecord();
-  for (const char* text : kEntities) {
-    SCOPED_TRACE(text);
-    CQdrDbEntity* const entity = added(text);
-    CQdrDbEntityTracker& tracker = grip(entity);
-    const CQdrGePoint2d at = entity->getGripPoint(0);
-    const CPoint from = deviceOf(at);
-    const std::size_t before = space.getNumEntity();
-    desk.ui().choose(qdr::kGripCopy);
-    desk.script().click(from.x + 20, from.y - 10);
-    tracker.TrackMenu(window(), from);
-    ASSERT_EQ(space.getNumEntity(), before + 1);
-    CQdrDbEntity* const copy = qdr::asEntity(*space.getEntitySet().rbegin());
-    EXPECT_EQ(copy->classType(), entity->classType());
-    EXPECT_LT(copy->getGripPoint(0).distanceTo(at + CQdrGeVector2d(20, 10)), 1e-6);
-    EXPECT_TRUE(sameShape(*entity, *made(text)));
-    EXPECT_TRUE(undo.Undo());
-    EXPECT_TRUE(copy->isErased());
-    EXPECT_TRUE(undo.Redo());
-    EXPECT_FALSE(copy->isErased());
-    copy->setErased();
     putAway(entity);
   }
 }

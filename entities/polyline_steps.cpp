@@ -1,4 +1,4 @@
-#include "entities/internal/polyline_steps.h"
+#include "entities/polyline_steps.h"
 
 #include <new>
 
