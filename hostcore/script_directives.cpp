@@ -9,6 +9,7 @@
 #include "database/database.h"
 #include "hostcore/internal/script_settings.h"
 #include "interaction/display/display_table_record.h"
+#include "interaction/dlg_get_value.h"
 
 namespace qdr {
 
@@ -278,22 +279,58 @@ DirectiveAnswer playSave(ScriptStage& stage, Words words) {
   return fromHost(stage.host().save(std::wstring(words)));
 }
 
+// A drawing by its number, from 1 on.
+bool takeDrawing(Words& words, std::size_t& drawing) {
+  double number = 0.0;
+  if (!readNumber(takeWord(words), number) || number < 1 || number > kMostNumber) return false;
+  drawing = static_cast<std::size_t>(number) - 1;
+  return true;
+}
+
+DirectiveAnswer playBeside(ScriptStage& stage, Words words) {
+  DrawingHost& host = stage.host();
+  return fromHost(words.empty() ? host.addDrawing() : host.openBeside(std::wstring(words)));
+}
+
+DirectiveAnswer playDrawing(ScriptStage& stage, Words words) {
+  std::size_t drawing = 0;
+  if (!takeDrawing(words, drawing)) return usageFault(L"the number of a drawing is missing");
+  return fromHost(stage.host().activate(drawing));
+}
+
+DirectiveAnswer playClose(ScriptStage& stage, Words words) {
+  std::size_t drawing = stage.host().activeDrawing();
+  if (!words.empty() && !takeDrawing(words, drawing))
+    return usageFault(L"that is no number of a drawing");
+  return fromHost(stage.host().closeDrawing(drawing));
+}
+
+// Without a text the dialog is left by Cancel.
+DirectiveAnswer playValue(ScriptStage& stage, Words words) {
+  stage.platform().ui.answer<CDlgGetValue>([value = std::wstring(words)](CDlgGetValue& dialog) {
+    dialog.setValue(value.c_str());
+    return value.empty() ? IDCANCEL : IDOK;
+  });
+  return {};
+}
+
 struct Directive {
   const wchar_t* name;
   DirectiveAnswer (*play)(ScriptStage& stage, Words words);
 };
 
 constexpr Directive kDirectives[] = {
-    {L".answer", playAnswer},    {L".click", playClick},       {L".command", playCommand},
-    {L".drag", playDrag},        {L".enter", playEnter},       {L".expect", playExpectation},
-    {L".hold", playHold},        {L".key", playKey},           {L".layer", playLayer},
-    {L".lose", playLoseCapture}, {L".menu", playMenu},         {L".move", playMove},
-    {L".new", playNew},          {L".open", playOpen},         {L".option", playOption},
-    {L".paint", playPaint},      {L".pick", playPick},         {L".point", playPoint},
-    {L".press", playPress},      {L".rclick", playRightClick}, {L".redo", playRedo},
-    {L".release", playRelease},  {L".save", playSave},         {L".set", playSetting},
-    {L".size", playSize},        {L".type", playType},         {L".undo", playUndo},
-    {L".window", playWindow},    {L".zoom", playZoom},
+    {L".beside", playBeside},      {L".close", playClose},      {L".drawing", playDrawing},
+    {L".value", playValue},        {L".answer", playAnswer},    {L".click", playClick},
+    {L".command", playCommand},    {L".drag", playDrag},        {L".enter", playEnter},
+    {L".expect", playExpectation}, {L".hold", playHold},        {L".key", playKey},
+    {L".layer", playLayer},        {L".lose", playLoseCapture}, {L".menu", playMenu},
+    {L".move", playMove},          {L".new", playNew},          {L".open", playOpen},
+    {L".option", playOption},      {L".paint", playPaint},      {L".pick", playPick},
+    {L".point", playPoint},        {L".press", playPress},      {L".rclick", playRightClick},
+    {L".redo", playRedo},          {L".release", playRelease},  {L".save", playSave},
+    {L".set", playSetting},        {L".size", playSize},        {L".type", playType},
+    {L".undo", playUndo},          {L".window", playWindow},    {L".zoom", playZoom},
 };
 
 }  // namespace

@@ -67,6 +67,19 @@ const ScriptCase kCases[] = {
     {"menu of a grip",
      "rect\n20,20\n40,40\n.pick 20,30\n.menu 30074\n.rclick 20,20\n"
      ".expect count 0\n.undo\n.expect count 1"},
+    {"value of a dialog",
+     "circle\n50,50\n20\n.pick 70,50\n.menu 30077\n.value 6\n.rclick 70,50\n"
+     ".expect count polyline 1\n.expect count circle 0\n.undo\n.expect count circle 1"},
+    {"dialog left by Cancel",
+     "circle\n50,50\n20\n.pick 70,50\n.menu 30077\n.value\n.rclick 70,50\n.expect count circle 1"},
+    {"drawings beside one another",
+     "circle\n50,50\n20\n.beside\n.expect count 0\nrect\n0,0\n9,9\n.drawing 1\n"
+     ".expect count circle 1\n.close\n.expect count rectangle 1\n.close 1\n.expect count 0"},
+    {"dialog without an answer",
+     "circle\n50,50\n20\n.pick 70,50\n.menu 30077\n.rclick 70,50\n.enter", ScriptEnd::failed, 7,
+     "without an answer"},
+    {"no such drawing", ".drawing 2", ScriptEnd::failed, 2, "no such drawing"},
+    {"no number of a drawing", ".drawing", ScriptEnd::usage, 2, "number of a drawing"},
     {"status follows the mouse",
      "circle\n.move 50,60\n.expect status 50.000000, 60.000000\n"
      ".key esc"},
