@@ -1,6 +1,7 @@
 // What a device context costs on the software raster, beside the plainest line loop there is.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <random>
@@ -164,18 +165,32 @@ void WideLines(benchmark::State& state) {
   drawAll(state, screen, segmentsOf(static_cast<double>(state.range(0)), 10000));
 }
 
-// Per segment of a polyline of 100 points.
+// Per segment of polylines of 100 points that wind at random, as curves do.
 void Polylines(benchmark::State& state) {
+  constexpr int kCount = 200;
+  constexpr int kPoints = 100;
   Screen screen;
   CPen pen(PS_SOLID, 0, kInk);
   screen.dc.SelectObject(&pen);
   screen.dc.SetROP2(static_cast<int>(state.range(0)));
+  std::mt19937 random(3);
+  std::uniform_real_distribution<double> turn(-0.5, 0.5);
   std::vector<POINT> points;
-  for (int i = 0; i < 100; ++i)
-    points.push_back({400 + 8 * i, 500 + (i * 37) % 20});
+  for (int i = 0; i < kCount; ++i) {
+    double x = 300 + static_cast<double>(random() % 1300);
+    double y = 300 + static_cast<double>(random() % 400);
+    double angle = static_cast<double>(i);
+    for (int k = 0; k < kPoints; ++k) {
+      points.push_back({static_cast<int>(x), static_cast<int>(y)});
+      angle += turn(random);
+      x = std::clamp(x + 12 * std::cos(angle), 5.0, kWidth - 5.0);
+      y = std::clamp(y + 12 * std::sin(angle), 5.0, kHeight - 5.0);
+    }
+  }
   for (auto _ : state)
-    screen.dc.Polyline(points.data(), 100);
-  countLines(state, 99);
+    for (int i = 0; i < kCount; ++i)
+      screen.dc.Polyline(points.data() + i * kPoints, kPoints);
+  countLines(state, kCount * (kPoints - 1));
 }
 
 void Polygons(benchmark::State& state) {

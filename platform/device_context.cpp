@@ -59,7 +59,7 @@ int CDC::SetMapMode(int mode) {
   if (mode == MM_TEXT) {
     m_mapX.setExtents(1, 1);
     m_mapY.setExtents(1, 1);
-    mappingChanged();
+    m_penStale = true;
   }
   return old;
 }
@@ -84,7 +84,7 @@ CPoint CDC::SetWindowOrg(int x, int y) {
   const CPoint old = GetWindowOrg();
   m_mapX.setOrigins(x, m_mapX.viewportOrigin());
   m_mapY.setOrigins(y, m_mapY.viewportOrigin());
-  mappingChanged();
+  m_penStale = true;
   return old;
 }
 
@@ -92,7 +92,7 @@ CSize CDC::SetWindowExt(int cx, int cy) {
   const CSize old = GetWindowExt();
   m_mapX.setExtents(cx, m_mapX.viewportExtent());
   m_mapY.setExtents(cy, m_mapY.viewportExtent());
-  mappingChanged();
+  m_penStale = true;
   return old;
 }
 
@@ -100,7 +100,7 @@ CPoint CDC::SetViewportOrg(int x, int y) {
   const CPoint old = GetViewportOrg();
   m_mapX.setOrigins(m_mapX.windowOrigin(), x);
   m_mapY.setOrigins(m_mapY.windowOrigin(), y);
-  mappingChanged();
+  m_penStale = true;
   return old;
 }
 
@@ -108,7 +108,7 @@ CSize CDC::SetViewportExt(int cx, int cy) {
   const CSize old = GetViewportExt();
   m_mapX.setExtents(m_mapX.windowExtent(), cx);
   m_mapY.setExtents(m_mapY.windowExtent(), cy);
-  mappingChanged();
+  m_penStale = true;
   return old;
 }
 
@@ -132,21 +132,11 @@ void CDC::LPtoDP(RECT* rect) const {
            m_mapY.toDevice(rect->bottom)};
 }
 
-CPoint CDC::toDevice(POINT point) const {
-  return {m_mapX.toDevice(point.x), m_mapY.toDevice(point.y)};
-}
-
 CRect CDC::toDeviceRect(const RECT& rect) const {
   CRect device = rect;
   LPtoDP(&device);
   device.NormalizeRect();
   return device;
-}
-
-void CDC::mappingChanged() {
-  m_deviceX = m_mapX.toDevice(m_positionX);
-  m_deviceY = m_mapY.toDevice(m_positionY);
-  m_penStale = true;
 }
 
 // Selected objects

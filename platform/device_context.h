@@ -65,7 +65,12 @@ class QDR_API CDC {
   void LPtoDP(RECT* rect) const;
 
   // Lines and shapes.
-  CPoint MoveTo(int x, int y);
+  CPoint MoveTo(int x, int y) {
+    const CPoint old = GetCurrentPosition();
+    m_positionX = x;
+    m_positionY = y;
+    return old;
+  }
   CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
   CPoint GetCurrentPosition() const { return {m_positionX, m_positionY}; }
   /// Draws from the current position without the last pixel, and moves there.
@@ -144,10 +149,11 @@ class QDR_API CDC {
   int EnumFontsW(const wchar_t* face, FontEnumProc proc, std::intptr_t data) const;
 
  private:
-  CPoint toDevice(POINT point) const;
+  CPoint toDevice(POINT point) const {
+    return qdr::AxisMap::toDevice(m_mapX, m_mapY, point.x, point.y);
+  }
   CRect toDeviceRect(const RECT& rect) const;
   void drawTextAt(CPoint reference, std::wstring_view text, double advance);
-  void mappingChanged();
   const qdr::DeviceState& strokeState() {
     if (m_penStale || m_pen.isChanged()) resolvePen();
     return m_state;
@@ -160,20 +166,18 @@ class QDR_API CDC {
   std::unique_ptr<qdr::SoftwareRaster> m_memory;
   qdr::AxisMap m_mapX;
   qdr::AxisMap m_mapY;
-  // The position, logical and in device coordinates. Its halves stand apart: reading a point as
-  // one word right after its halves were written waits for every pixel on its way to memory.
+  // The halves of the position stand apart: reading a point as one word right after its halves
+  // were written waits for every pixel on its way to memory.
   LONG m_positionX = 0;
-  LONG m_deviceX = 0;
-  LONG m_positionY = 0;
-  LONG m_deviceY = 0;
   int m_mapMode = MM_TEXT;
+  LONG m_positionY = 0;
+  COLORREF m_textColor = 0;
+  unsigned m_textAlign = 0;
   qdr::SelectionSlot m_pen;
   qdr::SelectionSlot m_brush;
   qdr::SelectionSlot m_font;
   qdr::SelectionSlot m_bitmap;
   qdr::DeviceState m_state;
-  COLORREF m_textColor = 0;
-  unsigned m_textAlign = 0;
   bool m_penStale = true;
   bool m_hasClip = false;
 };

@@ -6,26 +6,13 @@
 #include "platform/device_context.h"
 #include "platform/internal/arc_points.h"
 
-CPoint CDC::MoveTo(int x, int y) {
-  const CPoint old = GetCurrentPosition();
-  m_positionX = x;
-  m_positionY = y;
-  m_deviceX = m_mapX.toDevice(x);
-  m_deviceY = m_mapY.toDevice(y);
-  return old;
-}
-
 bool CDC::LineTo(int x, int y) {
-  const LONG fromX = m_deviceX;
-  const LONG fromY = m_deviceY;
+  const qdr::AxisMap::Ends device =
+      qdr::AxisMap::toDevice(m_mapX, m_mapY, {GetCurrentPosition(), {x, y}});
   m_positionX = x;
   m_positionY = y;
-  const LONG toX = m_mapX.toDevice(x);
-  const LONG toY = m_mapY.toDevice(y);
-  m_deviceX = toX;
-  m_deviceY = toY;
   if (!m_surface) return false;
-  m_surface->drawLine(strokeState(), fromX, fromY, toX, toY);
+  m_surface->drawLine(strokeState(), device.from.x, device.from.y, device.to.x, device.to.y);
   return true;
 }
 
@@ -39,7 +26,7 @@ class DevicePoints {
     if (size > kShortRun) m_long.resize(size);
     m_data = size > kShortRun ? m_long.data() : m_short;
     for (std::size_t i = 0; i < size; ++i)
-      m_data[i] = CPoint(x.toDevice(points[i].x), y.toDevice(points[i].y));
+      m_data[i] = qdr::AxisMap::toDevice(x, y, points[i].x, points[i].y);
   }
 
   const CPoint* data() const { return m_data; }
@@ -102,7 +89,7 @@ bool CDC::AngleArc(int x, int y, int radius, float startAngle, float sweepAngle)
                            .startAngle = start,
                            .sweepAngle = std::clamp(sweep, -kFullTurn, kFullTurn),
                            .unitsPerRadian = std::abs(static_cast<double>(radius))};
-  const CPoint lead(m_deviceX, m_deviceY);
+  const CPoint lead = toDevice(GetCurrentPosition());
   MoveTo(qdr::truncToInt(std::round(x + radius * std::cos(start + sweep))),
          qdr::truncToInt(std::round(y + radius * std::sin(start + sweep))));
   if (!m_surface) return false;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <numbers>
 #include <vector>
 
@@ -54,15 +55,32 @@ struct Border {
         radiusY((static_cast<double>(rect.bottom) - rect.top - 1) / 2) {}
 };
 
+// Empty where the boxes share nothing.
+CRect overlap(const CRect& a, const CRect& b) {
+  const CRect both(std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                   std::min(a.bottom, b.bottom));
+  return both.left < both.right && both.top < both.bottom ? both : CRect();
+}
+
 // The pixels between two, both included; at the end of 32 bits the last one is given up.
-CRect boxOf(int x1, int y1, int x2, int y2) {
+CRect boxOf(CPoint a, CPoint b) {
   const auto beyond = [](int last) { return last == INT32_MAX ? last : last + 1; };
   CRect box;
-  box.left = std::min(x1, x2);
-  box.top = std::min(y1, y2);
-  box.right = beyond(std::max(x1, x2));
-  box.bottom = beyond(std::max(y1, y2));
+  box.left = std::min(a.x, b.x);
+  box.top = std::min(a.y, b.y);
+  box.right = beyond(std::max(a.x, b.x));
+  box.bottom = beyond(std::max(a.y, b.y));
   return box;
+}
+
+// Whether a box that is not turned over holds two points, without a jump.
+bool holdsBoth(const CRect& box, int x1, int y1, int x2, int y2) {
+  const auto left = static_cast<unsigned>(box.left);
+  const auto top = static_cast<unsigned>(box.top);
+  const unsigned width = static_cast<unsigned>(box.right) - left;
+  const unsigned height = static_cast<unsigned>(box.bottom) - top;
+  return (static_cast<unsigned>(x1) - left < width) & (static_cast<unsigned>(x2) - left < width) &
+         (static_cast<unsigned>(y1) - top < height) & (static_cast<unsigned>(y2) - top < height);
 }
 
 void fillRows(const CRect& rect, SpanPainter& painter) {
@@ -74,16 +92,18 @@ void fillRows(const CRect& rect, SpanPainter& painter) {
 
 }  // namespace
 
-inline void SoftwareRaster::touch(const CRect& clip, const CRect& box) {
-  const LONG left = std::max(box.left, clip.left);
-  const LONG top = std::max(box.top, clip.top);
-  const LONG right = std::min(box.right, clip.right);
-  const LONG bottom = std::min(box.bottom, clip.bottom);
-  if (left >= right || top >= bottom) return;
-  m_dirty.left = std::min(m_dirty.left, left);
-  m_dirty.top = std::min(m_dirty.top, top);
-  m_dirty.right = std::max(m_dirty.right, right);
-  m_dirty.bottom = std::max(m_dirty.bottom, bottom);
+void SoftwareRaster::touch(const CRect& clip, const CRect& box) {
+  const CRect seen = overlap(box, clip);
+  if (seen.left >= seen.right) return;
+  m_dirty.left = std::min(m_dirty.left, seen.left);
+  m_dirty.top = std::min(m_dirty.top, seen.top);
+  m_dirty.right = std::max(m_dirty.right, seen.right);
+  m_dirty.bottom = std::max(m_dirty.bottom, seen.bottom);
+  settle();
+}
+
+void SoftwareRaster::settle() {
+  m_settled = overlap(m_dirty, m_clip);
 }
 
 SoftwareRaster::SoftwareRaster(std::shared_ptr<PixelBuffer> pixels)
@@ -96,11 +116,13 @@ void SoftwareRaster::setPixels(std::shared_ptr<PixelBuffer> pixels) {
   m_stateClip = CRect();
   m_clip = CRect();
   m_dirty = kNothing;
+  m_settled = CRect();
 }
 
 CRect SoftwareRaster::takeDirty() {
   const CRect dirty = m_dirty;
   m_dirty = kNothing;
+  m_settled = CRect();
   return dirty.left < dirty.right && dirty.top < dirty.bottom ? dirty : CRect();
 }
 
@@ -124,14 +146,21 @@ int SoftwareRaster::deviceCaps(int index) const {
   }
 }
 
+inline bool SoftwareRaster::isPrepared(const DeviceState& state) const {
+  return m_rop2 == state.rop2 && m_color == state.stroke.color &&
+         std::memcmp(&m_stateClip, &state.clip, sizeof m_stateClip) == 0;
+}
+
 const CRect& SoftwareRaster::clipOf(const DeviceState& state) {
-  if (m_stateClip.left != state.clip.left || m_stateClip.top != state.clip.top ||
-      m_stateClip.right != state.clip.right || m_stateClip.bottom != state.clip.bottom) {
-    m_stateClip = state.clip;
-    m_clip = {std::max(state.clip.left, 0), std::max(state.clip.top, 0),
-              std::min(state.clip.right, m_pixels->width()),
-              std::min(state.clip.bottom, m_pixels->height())};
-  }
+  if (isPrepared(state)) return m_clip;
+  m_rop2 = state.rop2;
+  m_color = state.stroke.color;
+  const PixelOp op = penOp(state);
+  m_keep = op.keep;
+  m_flip = op.flip;
+  m_stateClip = state.clip;
+  m_clip = overlap(m_stateClip, m_pixels->bounds());
+  settle();
   return m_clip;
 }
 
@@ -192,14 +221,21 @@ void SoftwareRaster::strokeOutline(const RasterCall& call, const DeviceState& st
 
 void SoftwareRaster::drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) {
   if (!hasPen(state)) return;
+  if (isThin(state.stroke) && state.stroke.dashes.isSolid() && isPrepared(state) &&
+      holdsBoth(m_settled, x1, y1, x2, y2))
+    return strokeInnerLine(*m_pixels, {m_keep, m_flip}, x1, y1, x2, y2);
+  drawAnyLine(state, {x1, y1}, {x2, y2});
+}
+
+void SoftwareRaster::drawAnyLine(const DeviceState& state, CPoint from, CPoint to) {
+  const CRect& clip = clipOf(state);
   if (isThin(state.stroke) && state.stroke.dashes.isSolid()) {
-    const CRect& clip = clipOf(state);
-    touch(clip, boxOf(x1, y1, x2, y2));
-    return strokeThinLine({*m_pixels, clip}, penOp(state), x1, y1, x2, y2);
+    touch(clip, boxOf(from, to));
+    return strokeThinLine({*m_pixels, clip}, {m_keep, m_flip}, from, to);
   }
   const RasterCall call = beginCall(state, !isThin(state.stroke));
   if (call.isHidden()) return;
-  const CPoint points[] = {{x1, y1}, {x2, y2}};
+  const CPoint points[] = {from, to};
   touch(state, points, 2);
   strokeOutline(call, state, points, 2, false);
 }
@@ -363,7 +399,7 @@ void SoftwareRaster::fillRect(const DeviceState& state, const CRect& rect, COLOR
 void SoftwareRaster::setPixel(const DeviceState& state, CPoint point, COLORREF color) {
   const CRect& clip = clipOf(state);
   if (!clip.PtInRect(point)) return;
-  touch(clip, boxOf(point.x, point.y, point.x, point.y));
+  touch(clip, boxOf(point, point));
   m_pixels->row(point.y)[point.x] = pixelOf(color);
 }
 

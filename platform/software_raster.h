@@ -40,6 +40,9 @@ class QDR_API SoftwareRaster : public IDeviceSurface {
   const PixelBuffer* pixels() const override { return m_pixels.get(); }
 
  private:
+  bool isPrepared(const DeviceState& state) const;
+  void settle();
+  void drawAnyLine(const DeviceState& state, CPoint from, CPoint to);
   const CRect& clipOf(const DeviceState& state);
   void touch(const DeviceState& state, const CPoint* points, std::size_t count);
   void touch(const CRect& clip, const CRect& box);
@@ -54,9 +57,15 @@ class QDR_API SoftwareRaster : public IDeviceSurface {
 
   std::shared_ptr<PixelBuffer> m_pixels;
   std::unique_ptr<CoverageMask> m_mask;
-  CRect m_stateClip;  // the clip of the last call, and what of it lies on the pixels
-  CRect m_clip;
+  // Clip, raster operation and pen colour of the last call, and what follows from them.
+  CRect m_stateClip;
+  int m_rop2 = 0;
+  COLORREF m_color = 0;
+  Pixel m_keep = 0;
+  Pixel m_flip = 0;
+  CRect m_clip;  // what of the clip lies on the pixels
   CRect m_dirty;
+  CRect m_settled;  // the dirty pixels inside the clip: a line there changes no box
 };
 
 }  // namespace qdr

@@ -12,6 +12,9 @@ struct PixelOp {
   /// True when the result does not depend on what stood there.
   bool overwrites() const { return keep == 0; }
 
+  /// True when every bit that stood there counts, straight or inverted.
+  bool flips() const { return keep == ~Pixel{0}; }
+
   Pixel operator()(Pixel destination) const { return (destination & keep) ^ flip; }
 };
 

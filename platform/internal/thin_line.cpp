@@ -23,11 +23,10 @@ StepRange overlap(StepRange a, StepRange b) {
 
 }  // namespace
 
-// The pixel across at step i is floor((2 i rise + length + bias) / (2 length)); the steps at which
-// it lies within [low, high) follow by solving for i.
+// The steps at which the pixel across lies within [low, high) follow by solving for i.
 template <class Wide>
 StepRange ThinLine::insideAcross(std::int64_t low, std::int64_t high, StepRange range) const {
-  const Wide half = Wide{m_length} + m_bias;
+  const Wide half = Wide{m_length} + (acrossSign() > 0 ? -1 : 0);
   const auto firstReaching = [&](std::int64_t across) {
     if (across <= 0) return range.first;
     if (across > m_rise) return range.last;
@@ -46,14 +45,15 @@ StepRange ThinLine::inside(const CRect& clip, std::int64_t end) const {
   const std::int64_t acrossStart = m_steep ? m_from.x : m_from.y;
 
   // Distances from the start, counted in the direction of travel.
-  const auto relative = [](std::int64_t& low, std::int64_t& high, std::int64_t start, int sign) {
+  const auto relative = [](std::int64_t& low, std::int64_t& high, std::int64_t start,
+                           std::int64_t sign) {
     const std::int64_t a = sign > 0 ? low - start : start - (high - 1);
     const std::int64_t b = sign > 0 ? high - start : start - (low - 1);
     low = a;
     high = b;
   };
-  relative(alongLow, alongHigh, alongStart, m_alongSign);
-  relative(acrossLow, acrossHigh, acrossStart, m_acrossSign);
+  relative(alongLow, alongHigh, alongStart, alongSign());
+  relative(acrossLow, acrossHigh, acrossStart, acrossSign());
 
   const StepRange range = overlap({0, end}, {alongLow, alongHigh});
   if (range.isEmpty()) return {};
@@ -64,21 +64,23 @@ StepRange ThinLine::inside(const CRect& clip, std::int64_t end) const {
 }
 
 ThinLine::Walk ThinLine::walkFrom(std::int64_t step, int stride) const {
+  if (m_length == 0) return {.offset = std::ptrdiff_t{m_from.y} * stride + m_from.x};
   Walk walk = walkFromStart(stride);
-  if (step == 0 || m_length == 0) return walk;
+  if (step == 0) return walk;
+  const std::int64_t bias = acrossSign() > 0 ? -1 : 0;
   std::int64_t across = 0;
+  std::int64_t rest = 0;
   if (m_length < kShort) {
-    const std::int64_t total = 2 * step * m_rise + m_length + m_bias;
+    const std::int64_t total = 2 * step * m_rise + m_length + bias;
     across = total / (2 * m_length);
-    walk.error = total - across * 2 * m_length - 2 * m_length;
+    rest = total - across * 2 * m_length;
   } else {
-    const Int128 total = 2 * Int128{step} * m_rise + m_length + m_bias;
+    const Int128 total = 2 * Int128{step} * m_rise + m_length + bias;
     across = static_cast<std::int64_t>(total / (2 * m_length));
-    walk.error = static_cast<std::int64_t>(total - Int128{across} * 2 * m_length) - 2 * m_length;
+    rest = static_cast<std::int64_t>(total - Int128{across} * 2 * m_length);
   }
-  const std::int64_t x = m_from.x + (m_steep ? across * m_acrossSign : step * m_alongSign);
-  const std::int64_t y = m_from.y + (m_steep ? step * m_alongSign : across * m_acrossSign);
-  walk.offset = y * stride + x;
+  walk.offset += step * walk.along + across * walk.across;
+  walk.height = fixedPoint(static_cast<double>(2 * rest + 1) * (unit() * 0.25));
   return walk;
 }
 

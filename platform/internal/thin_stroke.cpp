@@ -12,11 +12,17 @@ namespace qdr {
 
 namespace {
 
-// The three ways a pixel is painted; the loops are compiled once for each.
+// The ways a pixel is painted; the loops are compiled once for each.
 struct CopyPaint {
   Pixel* base;
   Pixel value;
   void operator()(std::ptrdiff_t offset) const { base[offset] = value; }
+};
+
+struct FlipPaint {
+  Pixel* base;
+  Pixel bits;
+  void operator()(std::ptrdiff_t offset) const { base[offset] ^= bits; }
 };
 
 struct CombinePaint {
@@ -32,11 +38,6 @@ struct MaskedPaint {
   void operator()(std::ptrdiff_t offset) const {
     if (mask->claim(static_cast<std::size_t>(offset))) base[offset] = op(base[offset]);
   }
-};
-
-// Steps over a gap.
-struct NoPaint {
-  void operator()(std::ptrdiff_t) const {}
 };
 
 bool boxMisses(CPoint a, CPoint b, const CRect& clip) {
@@ -59,15 +60,11 @@ class ThinStroker {
     const std::int64_t end = line.length() + (withEnd ? 1 : 0);
     if (isWithin(a, m_clip) && isWithin(b, m_clip)) {
       if (a.y == b.y) return level(a, b, withEnd);
-      ThinLine::Walk walk = line.walkFromStart(m_stride);
-      return paintSteps(walk, end, m_paint);
+      return paintSteps(line, {0, end}, m_stride, m_paint);
     }
     if (boxMisses(a, b, m_clip)) return;
     if (a.y == b.y) return level(a, b, withEnd);
-    const StepRange range = line.inside(m_clip, end);
-    if (range.isEmpty()) return;
-    ThinLine::Walk walk = line.walkFrom(range.first, m_stride);
-    paintSteps(walk, range.last - range.first, m_paint);
+    paintSteps(line, line.inside(m_clip, end), m_stride, m_paint);
   }
 
   // Draws the lengths that are on; the cursor stays at the start of the segment.
@@ -100,7 +97,7 @@ class ThinStroker {
     cursor.advance(reached);
     const auto last = static_cast<double>(range.last);
     const double stepsPerUnit = 1 / unitsPerStep;
-    ThinLine::Walk walk = line.walkFrom(range.first, m_stride);
+    const ThinLine::Walk walk = line.walkFrom(range.first, m_stride);
     std::int64_t drawnTo = range.first;
     while (step < range.last) {
       reached += cursor.left();
@@ -109,11 +106,12 @@ class ThinStroker {
       if (cursor.isOn()) {
         const std::int64_t from = std::max(step, drawnTo);
         const std::int64_t to = std::min(range.last, std::max(next, step + 1));
-        if (from < to) {
-          paintSteps(walk, from - drawnTo, NoPaint());
-          paintSteps(walk, to - from, m_paint);
-          drawnTo = to;
+        if (to - range.first > ThinLine::Walk::kLongest) {
+          paintSteps(line, {from, to}, m_stride, m_paint);
+        } else if (from < to) {
+          paintWalk(walk.after(from - range.first), to - from, m_paint);
         }
+        drawnTo = std::max(drawnTo, to);
       }
       step = next;
       cursor.next();
@@ -180,21 +178,37 @@ void strokeThinPath(const RasterCall& call, const DeviceStroke& stroke, PixelOp 
   }
 }
 
-void strokeThinLine(const RasterCall& call, PixelOp op, int x1, int y1, int x2, int y2) {
-  const CPoint from(x1, y1);
-  const CPoint to(x2, y2);
+void strokeThinLine(const RasterCall& call, PixelOp op, CPoint from, CPoint to) {
   Pixel* base = call.pixels.row(0);
-  const CopyPaint copy{base, op.flip};
-  const CombinePaint combine{base, op};
-  if (y1 != y2 && isWithin(from, call.clip) && isWithin(to, call.clip)) {
-    // The common case, kept in registers from end to end.
-    const ThinLine line(from, to);
-    ThinLine::Walk walk = line.walkFromStart(call.pixels.stride());
-    if (op.overwrites()) return paintSteps(walk, line.length(), copy);
-    return paintSteps(walk, line.length(), combine);
+  if (op.overwrites())
+    return ThinStroker(call, op, CopyPaint{base, op.flip}).solid(from, to, false);
+  ThinStroker(call, op, CombinePaint{base, op}).solid(from, to, false);
+}
+
+namespace {
+
+// Level lines are spans, and the longest take several walks.
+[[gnu::noinline]] void strokeOddInnerLine(PixelBuffer& pixels, PixelOp op, CPoint from, CPoint to) {
+  const CRect all = pixels.bounds();
+  strokeThinLine({pixels, all}, op, from, to);
+}
+
+}  // namespace
+
+void strokeInnerLine(PixelBuffer& pixels, PixelOp op, int x1, int y1, int x2, int y2) {
+  const ThinLine line({x1, y1}, {x2, y2});
+  const std::int64_t length = line.length();
+  if (y1 == y2 || length > ThinLine::Walk::kLongest) [[unlikely]]
+    return strokeOddInnerLine(pixels, op, {x1, y1}, {x2, y2});
+  Pixel* base = pixels.row(0);
+  const ThinLine::Walk walk = line.walkFromStart(pixels.stride());
+  if (op.overwrites()) {
+    paintWalk(walk, length, CopyPaint{base, op.flip});
+  } else if (op.flips()) {
+    paintWalk(walk, length, FlipPaint{base, op.flip});
+  } else {
+    paintWalk(walk, length, CombinePaint{base, op});
   }
-  if (op.overwrites()) return ThinStroker(call, op, copy).solid(from, to, false);
-  ThinStroker(call, op, combine).solid(from, to, false);
 }
 
 }  // namespace qdr

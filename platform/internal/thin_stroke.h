@@ -22,7 +22,11 @@ struct ThinPath {
 void strokeThinPath(const RasterCall& call, const DeviceStroke& stroke, PixelOp op,
                     const ThinPath& path);
 
-/// The solid line without its last pixel, by itself: what a drawing consists of.
-void strokeThinLine(const RasterCall& call, PixelOp op, int x1, int y1, int x2, int y2);
+/// The solid line without its last pixel, by itself.
+void strokeThinLine(const RasterCall& call, PixelOp op, CPoint from, CPoint to);
+
+/// The same with both ends inside the clip: what a drawing consists of. The arguments stay in
+/// registers.
+void strokeInnerLine(PixelBuffer& pixels, PixelOp op, int x1, int y1, int x2, int y2);
 
 }  // namespace qdr

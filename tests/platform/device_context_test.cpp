@@ -69,6 +69,14 @@ TEST(Mapping, EqualsExactArithmeticOverTheWholeRange) {
     if (expected < INT32_MIN) expected = INT32_MIN;
     ASSERT_EQ(map.toDevice(value), static_cast<std::int32_t>(expected))
         << wo << ' ' << vo << ' ' << we << ' ' << ve << ' ' << value;
+    // The roads of points and lines, with an axis that is no square beside this one.
+    const qdr::AxisMap plain;
+    const CPoint mapped(static_cast<std::int32_t>(expected), we);
+    ASSERT_EQ(qdr::AxisMap::toDevice(map, plain, value, we), mapped);
+    const qdr::AxisMap::Ends ends =
+        qdr::AxisMap::toDevice(plain, map, {CPoint(vo, wo), CPoint(we, value)});
+    ASSERT_EQ(ends.from, CPoint(vo, map.toDevice(wo)));
+    ASSERT_EQ(ends.to, CPoint(we, static_cast<std::int32_t>(expected)));
   }
 }
 

@@ -76,6 +76,39 @@ TEST(ThinLine, ClippedLinesHaveExactlyThePixelsOfTheWholeOnes) {
   }
 }
 
+// Longer than any step of the arithmetic may reach at once, level and steep, from inside and from
+// far off.
+TEST(ThinLine, LongLinesStayExactToTheirEnds) {
+  std::mt19937 random(815);
+  constexpr int kLength = 70000;
+  for (int i = 0; i < 24; ++i) {
+    const bool isSteep = i % 2 == 0;
+    const int far = i % 3 == 0 ? 2000000000 : 0;
+    const int near = static_cast<int>(random() % 3);
+    const int across = static_cast<int>(random() % 5) - 1;
+    const CPoint a(-far, near);
+    const CPoint b(kLength + far - static_cast<int>(random() % 100), across);
+    CPoint from = i % 4 < 2 ? a : b;
+    CPoint to = i % 4 < 2 ? b : a;
+    if (isSteep) {
+      std::swap(from.x, from.y);
+      std::swap(to.x, to.y);
+    }
+    const int width = isSteep ? 3 : kLength;
+    const int height = isSteep ? kLength : 3;
+    Canvas canvas(width, height);
+    CPen pen(PS_SOLID, 1, kWhite);
+    canvas.dc.SelectObject(&pen);
+    canvas.dc.MoveTo(from);
+    canvas.dc.LineTo(to);
+    int wrong = 0;
+    for (int y = 0; y < height; ++y)
+      for (int x = 0; x < width; ++x)
+        wrong += (canvas.pixels->row(y)[x] == qdr::pixelOf(kWhite)) != isOnLine(from, to, x, y);
+    EXPECT_EQ(wrong, 0) << from.x << ',' << from.y << " to " << to.x << ',' << to.y;
+  }
+}
+
 TEST(ThinLine, ExtremesOf32BitsStayExact) {
   const CRect all(0, 0, 16, 16);
   const CPoint ends[][2] = {
