@@ -67,19 +67,21 @@ TEST_F(Cobwebs, RepeatsEntitiesAtItsWings) {
                       {true, false, 3, {120}}};
   for (const Row& row : rows) {
     web->SetWings(row.wings);
-    CQdrDbEntity* line = addFromText(database, "line 2 2 4 2");
+    const std::set<CQdrDbObjectId> lines = {addFromText(database, "line 2 2 4 2")->objectId(),
+                                            addFromText(database, "line 3 2 4 2")->objectId()};
     const std::size_t before = undo.m_undoList.size();
     if (row.second)
-      web->SetEntity2({line->objectId()}, row.forward);
+      web->SetEntity2(lines, row.forward);
     else
-      web->SetEntity({line->objectId()}, row.forward);
-    ASSERT_EQ(undo.m_undoList.size(), before + row.degrees.size());
-    for (std::size_t i = 0; i < row.degrees.size(); ++i) {
-      const tagUndoEditEntity& step = undo.m_undoList[row.degrees.size() - 1 - i];
+      web->SetEntity(lines, row.forward);
+    const std::size_t count = 2 * row.degrees.size();
+    ASSERT_EQ(undo.m_undoList.size(), before + count);
+    for (std::size_t i = 0; i < count; ++i) {
+      const tagUndoEditEntity& step = undo.m_undoList[count - 1 - i];
       EXPECT_EQ(step.continued, i == 0 ? 0 : 1);
       auto* copy = static_cast<CQdrDbEntity*>(step.entityId.getPObject());
       copy->setGripPoints();
-      const CQdrGeVector2d spoke(qdr::toRadians(row.degrees[i]));
+      const CQdrGeVector2d spoke(qdr::toRadians(row.degrees[i / 2]));
       expectNear(copy->getGripPoint(2), CQdrGePoint2d(1, 2) + spoke * 3.0, "end of the copy");
     }
   }

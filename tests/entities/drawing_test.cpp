@@ -8,8 +8,10 @@
 
 #include "database/database.h"
 #include "entities/display_units.h"
+#include "entities/drawn_box.h"
 #include "entities/point.h"
 #include "entities/polyline.h"
+#include "tests/support/desk.h"
 #include "tests/support/entity_text.h"
 #include "tests/support/sketch.h"
 
@@ -207,6 +209,28 @@ TEST(Drawing, ShowsItsPicture) {
     const auto height = static_cast<int>(std::ranges::count(expected, '\n'));
     const auto width = static_cast<int>(expected.find('\n')) - 2;
     EXPECT_EQ(qdr::test::pictureOf(entities, width, height), expected) << scene.name;
+  }
+}
+
+// One pixel of the desk is one unit.
+TEST(Drawing, MarkersSizedInPixelsStayInTheirBoxes) {
+  for (const char* text : {"point 50 50 0", "cobweb 50 50 30 10 3 180"}) {
+    qdr::test::Desk desk;
+    desk.drawing->m_vars.pointMode = 5;
+    desk.drawing->m_vars.pointSize = 20;
+    const qdr::DrawnBox box = qdr::drawnBox(*qdr::test::addFromText(*desk.drawing, text));
+    desk.paint();
+    const std::vector<qdr::Pixel> after = desk.pixels();
+    int drawn = 0;
+    for (std::size_t i = 0; i < after.size(); ++i) {
+      const auto x = static_cast<double>(i % 200);
+      const auto y = 100 - static_cast<double>(i / 200);
+      if (qdr::colorOf(after[i]) != 0xffffff) continue;
+      ++drawn;
+      EXPECT_TRUE(x >= box.minX - box.pixels && x <= box.maxX + box.pixels) << text << " x " << x;
+      EXPECT_TRUE(y >= box.minY - box.pixels && y <= box.maxY + box.pixels) << text << " y " << y;
+    }
+    EXPECT_GT(drawn, 0) << text;
   }
 }
 

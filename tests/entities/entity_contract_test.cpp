@@ -463,8 +463,8 @@ TEST_P(EntityContract, WindowsTakeWhatTheyShow) {
       row().drawsOnItself ? qdr::test::drawnPoints(*entity) : *grips;
   const double margin = 3 * qdr::test::kSketchPixel;
   for (const double side : {1.3, 5.1, 17.7}) {
-    for (double x = -16.2; x < 12; x += 1.9) {
-      for (double y = -14.1; y < 12; y += 2.3) {
+    for (double x = -16.2; x < 12; x += 1.05) {
+      for (double y = -14.1; y < 12; y += 1.25) {
         const Window window{{x, y}, {x + side, y + side}};
         const Window certain = window.grownBy(-margin);
         const Window possible = window.grownBy(margin);

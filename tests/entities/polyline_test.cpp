@@ -97,6 +97,11 @@ TEST_F(Polyline, StoresAFillWhileClosed) {
   again.SetClosed(true);
   EXPECT_TRUE(again.IsFill());
   EXPECT_EQ(again.FillMode(), -2);
+  CQdrDbPolyline assigned(&m_database);
+  assigned = again;
+  EXPECT_TRUE(assigned.IsFill());
+  EXPECT_EQ(assigned.FillMode(), -2);
+  EXPECT_EQ(CQdrDbPolyline(again).FillMode(), -2);
 }
 
 TEST_F(Polyline, ItsBoxHoldsArcsOverTheShortestChords) {
@@ -138,6 +143,23 @@ TEST_F(Polyline, ComesFromOtherCurves) {
   EXPECT_EQ(verticesOf(CQdrDbPolyline(*circle, 2, true)), "6,1@-180 -4,1@-180");
   EXPECT_EQ(CQdrDbPolyline(*circle, 0, false).NumVerts(), 0);
   EXPECT_EQ(CQdrDbPolyline(4ul, &m_database).NumVerts(), 0);
+}
+
+TEST_F(Polyline, OnlyArcSegmentsHaveAMiddleGrip) {
+  // A flat bulge, a chord of no length, and the bulge behind the end of an open chain.
+  const struct {
+    const char* text;
+    std::size_t grips;
+  } rows[] = {{kHalfDown, 3},
+              {"polyline 0 0 0.001 10 0 0", 2},
+              {"polyline 0 0 1 0 0.0005 0", 2},
+              {"polyline 0 0 0 10 0 1", 2},
+              {kDome, 3}};
+  for (const auto& row : rows) {
+    std::vector<CQdrGePoint2d>* grips = nullptr;
+    addAs<CQdrDbPolyline>(m_database, row.text)->getGripPointVec(grips);
+    EXPECT_EQ(grips->size(), row.grips) << row.text;
+  }
 }
 
 TEST_F(Polyline, PropertiesLeadToAllVertices) {
@@ -220,6 +242,7 @@ TEST_F(Polyline, Extends) {
   const char* const backward = "polyline 5 -5 -0.41421356237309503 0 0 0";
   const Row rows[] = {
       {"end", kCorner, "line 5 15 15 15", {10, 8}, "0,0 10,0 10,15"},
+      {"end from the very middle", kCorner, "line 5 15 15 15", {10, 0}, "0,0 10,0 10,15"},
       {"start", kCorner, "line -5 -1 -5 1", {1, 0}, "-5,0 10,0 10,10"},
       {"not backward over its own segment", kCorner, "line 5 -5 15 -5", {10, 8}, nullptr},
       {"not by another segment", kCorner, "line -5 -1 -5 1", {10, 8}, nullptr},

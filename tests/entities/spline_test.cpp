@@ -95,6 +95,7 @@ TEST_F(Splines, AWindowTakesASplineByItsControlVertices) {
   EXPECT_TRUE(spline->checkInsideOrCross({9.5, -1}, {11, 0.5})) << "the corner is cut off";
   EXPECT_TRUE(spline->checkInside({-1, -1}, {11, 11}));
   EXPECT_FALSE(spline->checkInside({-1, -1}, {9, 11}));
+  EXPECT_FALSE(CQdrDbSpline().checkInside({-1, -1}, {9, 11})) << "what is nowhere is not inside";
   spline->SetFitParam(0.49);
   spline->SetCtrlVertexes({{0, 0}, {0, 10}, {0.1, 0}});
   EXPECT_GE(qdr::drawnBox(*spline).maxY, 10) << "whoever looks for it looks there";
@@ -175,6 +176,10 @@ TEST_F(Splines, AClosedCubicDropsAVertexThatLiesOnTheFirst) {
   EXPECT_EQ(bytes[39], 1);
   EXPECT_EQ(bytes[40], 3);
   EXPECT_EQ(bytes.size(), 39u + 1 + 4 + 3 * 20 + 3);
+  CQdrDbCSpline again(&m_database);
+  qdr::test::readFrom(again, bytes);
+  EXPECT_TRUE(again.IsClosed());
+  EXPECT_EQ(again.NumCtrlVerts(), 3);
 }
 
 TEST_F(Splines, Reverses) {
