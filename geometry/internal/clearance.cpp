@@ -14,10 +14,18 @@ namespace {
 /// nearly any of them does.
 constexpr int kBurialTries = 16;
 
-/// Corners of a convex hull: the ends of a line, the box of an arc.
+/// Corners of a convex hull: the ends of a line; of an arc also the crossing of its tangents, or
+/// its box when it turns too far for that.
 struct Hull {
   explicit Hull(const TravelSegment& segment) : corners{segment.start, segment.end} {
     if (!segment.isArc()) return;
+    constexpr double kMaxBulge = 0.5;
+    if (std::abs(segment.bulge) < kMaxBulge) {
+      const Vec apothem = (segment.start + segment.end) * 0.5 - segment.center;
+      corners[count++] = segment.center + apothem * (segment.radius * segment.radius /
+                                                     apothem.lengthSqrd());
+      return;
+    }
     const Box box = segment.box();
     corners = {Vec(box.minX, box.minY), Vec(box.maxX, box.minY), Vec(box.maxX, box.maxY),
                Vec(box.minX, box.maxY)};
@@ -60,22 +68,30 @@ void Clearance::findNear(const TravelSegment& segment, std::vector<std::uint32_t
   });
 }
 
-bool Clearance::isKeptBy(const TravelSegment& part, std::span<const std::uint32_t> near) const {
-  const Box box = part.box();
-  return std::none_of(near.begin(), near.end(), [&](std::uint32_t j) {
-    return m_index.boxAt(j).distanceSqrd(box) < m_limitSqrd &&
-           isNearer(part, m_source[j], m_limitSqrd);
-  });
+bool Clearance::isBuried(const TravelSegment& part, std::uint32_t j) const {
+  const Hull hull(part);
+  const TravelSegment& source = m_source[j];
+  if (source.isArc()) return isBuriedByArc(part, hull.span(), source);
+  // The places nearer than the limit to a line are a convex set.
+  return std::all_of(hull.span().begin(), hull.span().end(),
+                     [&](const Vec& p) { return distanceSqrdTo(source, p) < m_limitSqrd; });
 }
 
-bool Clearance::buries(const TravelSegment& source, std::span<const Vec> hull) const {
-  if (source.isArc()) {
-    return areAllWithin(hull, source.start, m_limitSqrd) ||
-           areAllWithin(hull, source.end, m_limitSqrd);
-  }
-  // The places nearer than the limit to a line are a convex set.
-  return std::all_of(hull.begin(), hull.end(),
-                     [&](const Vec& p) { return distanceSqrdTo(source, p) < m_limitSqrd; });
+/// Near one end of the arc, or between its concentric neighbours and the arms to its ends.
+bool Clearance::isBuriedByArc(const TravelSegment& part, std::span<const Vec> hull,
+                              const TravelSegment& arc) const {
+  if (areAllWithin(hull, arc.start, m_limitSqrd) || areAllWithin(hull, arc.end, m_limitSqrd))
+    return true;
+  const double outer = arc.radius + m_limit;
+  if (std::abs(arc.bulge) > 1.0 || !areAllWithin(hull, arc.center, outer * outer)) return false;
+  const double side = arc.bulge > 0.0 ? 1.0 : -1.0;
+  const bool isBetweenArms = std::all_of(hull.begin(), hull.end(), [&](const Vec& p) {
+    return side * cross(arc.start - arc.center, p - arc.center) >= 0.0 &&
+           side * cross(p - arc.center, arc.end - arc.center) >= 0.0;
+  });
+  if (!isBetweenArms) return false;
+  const double inner = arc.radius - m_limit;
+  return inner < 0.0 || distanceSqrdTo(part, arc.center) > inner * inner;
 }
 
 std::vector<Standing> Clearance::standingsOf(std::span<const TravelSegment> segments,
@@ -91,9 +107,9 @@ std::vector<Standing> Clearance::standingsOf(std::span<const TravelSegment> segm
     if (standing.kind == Standing::clear) {
       if (!isNearer(segments[i], m_source[j], m_limitSqrd)) return true;
       const Vec witness = nearestPlace(segments[i], m_source[j]).place;
-      standing = {Standing::broken, segments[i].paramOf(witness)};
+      standing = {Standing::broken, static_cast<std::uint32_t>(j), segments[i].paramOf(witness)};
     }
-    if (buries(m_source[j], Hull(segments[i]).span())) standing.kind = Standing::buried;
+    if (isBuried(segments[i], static_cast<std::uint32_t>(j))) standing.kind = Standing::buried;
     return standing.kind != Standing::buried && ++tries[i] < kBurialTries;
   });
   return standings;

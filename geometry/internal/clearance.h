@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "geometry/box_index.h"
+#include "geometry/internal/curve_intersection.h"
 #include "geometry/internal/travel_segment.h"
 
 namespace qdr {
@@ -17,7 +18,8 @@ struct Standing {
     buried,  // no place does
   };
   Kind kind = clear;
-  double witness = 0.0;  // parameter, of a broken segment
+  std::uint32_t source = 0;  // a source segment that is too near
+  double witness = 0.0;      // parameter, of a broken segment
 };
 
 /// The least distance that segments have to keep from a source chain, by closed forms per pair.
@@ -29,9 +31,25 @@ class Clearance {
   /// Fills `near` with the source segments that any part of `segment` may be too near to.
   void findNear(const TravelSegment& segment, std::vector<std::uint32_t>& near) const;
 
-  /// True when every place of the part is at least the limit away from the source; `near` is what
-  /// findNear gave for the part or for the segment that it belongs to.
-  bool isKeptBy(const TravelSegment& part, std::span<const std::uint32_t> near) const;
+  /// True when some place of the part, whose box is given, is nearer than the limit to source
+  /// segment `j`.
+  bool isBroken(const TravelSegment& part, const Box& box, std::uint32_t j) const {
+    return m_index.boxAt(j).distanceSqrd(box) < m_limitSqrd &&
+           isNearer(part, m_source[j], m_limitSqrd);
+  }
+
+  /// True when one look proves every place of the part nearer than the limit to source segment `j`.
+  bool isBuried(const TravelSegment& part, std::uint32_t j) const;
+
+  /// True when some source segment with its box nearer than `reach` to `p` passes test(j).
+  template <class Test>
+  bool isAnyWithin(const Vec& p, double reach, Test&& test) const {
+    return !m_index.forEachWithin(boxOfPoint(p), reach, [&](std::size_t j) { return !test(j); });
+  }
+
+  std::size_t size() const { return m_source.size(); }
+
+  const TravelSegment& source(std::size_t j) const { return m_source[j]; }
 
   /// The standing of every segment; `index` holds their boxes in their order. Buried is told only
   /// where one source segment alone proves it.
@@ -39,9 +57,8 @@ class Clearance {
                                     const BoxIndex& index) const;
 
  private:
-  /// Whether all of `segment`, given as the corners of a convex hull, is nearer than the limit to
-  /// one convex part of the source segment.
-  bool buries(const TravelSegment& source, std::span<const Vec> hull) const;
+  bool isBuriedByArc(const TravelSegment& part, std::span<const Vec> hull,
+                     const TravelSegment& arc) const;
 
   std::vector<TravelSegment> m_source;
   BoxIndex m_index;

@@ -180,6 +180,23 @@ VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& req
   return prepared;
 }
 
+bool joinsSharply(const TravelSegment& segment, const TravelSegment& follower, double distance) {
+  const Vec& vertex = follower.start;
+  const bool isMerged = isWithin(segment.start, vertex, kMergeTolerance) ||
+                        isWithin(follower.end, vertex, kMergeTolerance);
+  if (isMerged) return false;
+  const double turn = cross(segment.tangentAtEnd(), follower.tangentAtStart());
+  const OffsetRequest request{distance, turn > 0.0 ? -1 : 1, false};
+  TravelSegment moved;
+  TravelSegment movedFollower;
+  if (!offsetSegment(segment, request, moved) || !offsetSegment(follower, request, movedFollower))
+    return false;
+  OffsetPart part(moved, segment.start);
+  OffsetPart next(movedFollower, vertex);
+  joinParts(part, next);
+  return part.isCutAtEnd;
+}
+
 VertexChain rawOffset(const VertexChain& chain, const OffsetRequest& request) {
   if (chain.size() < 2) return chain;
   if (request.distance == 0.0) return unmoved(chain, request.closed);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "geometry/internal/travel_segment.h"
 #include "geometry/vec.h"
 
 namespace qdr {
@@ -37,5 +38,9 @@ VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& req
 /// A closed chain repeats its first vertex at the end. The chain itself when no segment can be
 /// offset.
 VertexChain rawOffset(const VertexChain& chain, const OffsetRequest& request);
+
+/// Whether the raw offset goes round the vertex between two segments in a sharp corner, on the side
+/// where the parallels part: not with a connector, an arc, or without one of the two.
+bool joinsSharply(const TravelSegment& segment, const TravelSegment& follower, double distance);
 
 }  // namespace qdr

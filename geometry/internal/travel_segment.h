@@ -27,6 +27,10 @@ struct TravelSegment {
   double sweep() const;
   double length() const;
 
+  /// Direction of travel, not normalised.
+  Vec tangentAtStart() const { return isArc() ? tangentAt(start) : end - start; }
+  Vec tangentAtEnd() const { return isArc() ? tangentAt(end) : end - start; }
+
   /// Not held to [0, 1]: a line goes on straight, an arc round its circle.
   Vec pointAt(double t) const;
 
@@ -50,6 +54,11 @@ struct TravelSegment {
   }
 
   Box box() const;
+
+  /// Of an arc, at a place of its circle.
+  Vec tangentAt(const Vec& p) const {
+    return bulge > 0.0 ? (p - center).perpVector() : (center - p).perpVector();
+  }
 
   /// The part between two parameters. Bounds against the travel give the reversed part.
   TravelSegment part(double from, double to) const;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "geometry/internal/clearance.h"
+#include "geometry/internal/offset_curve.h"
+#include "geometry/internal/offset_slices.h"
+
+namespace qdr {
+
+/// A place where the raw offset is cut. A weak one lies near a vertex.
+struct Cut {
+  RawPlace place;
+  bool isWeak = false;
+};
+
+struct CurveCuts {
+  std::vector<Cut> cuts;         // segment after segment, sorted along each
+  std::vector<bool> liesAlong;   // by segment: some other one runs over it; empty when none does
+};
+
+/// Where the raw offset crosses itself, the other side, and the circles of the distance about the
+/// ends of an open source. Buried segments are not cut and cut nothing: at a place too near to the
+/// source a cut decides nothing, because the slices on both of its sides fall.
+CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve,
+                 std::span<const Standing> standings);
+
+/// Whether two lines or two arcs run over the same line or circle for more than a point.
+bool lieAlong(const TravelSegment& a, const TravelSegment& b);
+
+}  // namespace qdr
