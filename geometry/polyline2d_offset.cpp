@@ -128,14 +128,15 @@ std::vector<VertexChain> offsetPieces(const CQdrGePolyline2d& polyline, const CQ
   OffsetRequest request{std::abs(dist), polyline.getoffsetDirection(side, dist),
                         polyline.isClosed()};
   if (dist < 0.0) request.direction = -request.direction;
-  const VertexChain merged = withoutNearVertices(source);
-  const VertexChain raw = rawOffset(preparedForOffset(merged, request), request);
+  BorderGaps gaps;
+  const VertexChain merged = withoutNearVertices(source, &gaps);
+  const VertexChain raw = rawOffset(preparedForOffset(merged, request, &gaps), request, &gaps);
   request.direction = -request.direction;
-  const VertexChain other = rawOffset(preparedForOffset(merged, request), request);
+  const VertexChain other = rawOffset(preparedForOffset(merged, request), request, &gaps);
 
   const auto clipped = [&](const VertexChain& wanted, const VertexChain& opposite) {
     return clippedOffset(
-        {source.points, source.bulges, polyline.isClosed(), wanted, opposite, request.distance});
+        {source.points, source.bulges, polyline.isClosed(), wanted, opposite, request.distance, &gaps});
   };
   std::vector<VertexChain> pieces = clipped(raw, other);
   if (!both) return pieces;

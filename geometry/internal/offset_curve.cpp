@@ -21,6 +21,12 @@ RawPlace OffsetCurve::placeAt(std::size_t i, double param) const {
   return {i, param, param > 0.0 ? segments[i].pointAt(param) : segments[i].start};
 }
 
+Box OffsetCurve::boxOf(const Slice& slice) const {
+  Box bounds;
+  forEachPart(slice, [&](std::size_t i, double, double) { bounds.add(index.boxAt(i)); });
+  return bounds;
+}
+
 double OffsetCurve::lengthOf(const Slice& slice) const {
   double sum = 0.0;
   forEachPart(slice, [&](std::size_t i, double from, double to) {

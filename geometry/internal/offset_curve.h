@@ -50,6 +50,9 @@ struct OffsetCurve {
     if (isWrapped) visitParts(start(), slice.to.segment, slice.to.param, visit);
   }
 
+  /// Bounds of all segments that the slice touches.
+  Box boxOf(const Slice& slice) const;
+
   double lengthOf(const Slice& slice) const;
 
   /// The slice, which does not wrap, as vertices with the bulges between them.

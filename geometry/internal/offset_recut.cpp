@@ -138,13 +138,21 @@ std::vector<Slice> withoutSurplus(std::vector<ClearRun> runs, const std::vector<
   return taken;
 }
 
+bool isAnyNear(const BoxIndex& index, const Box& box, double reach) {
+  return !index.forEachWithin(box, reach, [](std::size_t) { return false; });
+}
+
 }  // namespace
 
-std::vector<Slice> keptOfFallen(const OffsetCurve& curve, PartJudge& judge,
+std::vector<Slice> keptOfFallen(const OffsetCurve& curve, PartJudge& judge, const BorderGaps* gaps,
                                 const std::vector<Slice>& fallen, const std::vector<Slice>& kept) {
+  if (fallen.empty() || (gaps && gaps->empty())) return {};
+  const BoxIndex gapIndex(gaps ? *gaps : BorderGaps(), BoxIndex::Order::hilbert);
+  const double reach = judge.distance() + kJoinTolerance;
   SliceRecutter recutter(curve, judge);
-  for (const Slice& slice : fallen)
-    recutter.recut(slice);
+  for (const Slice& slice : fallen) {
+    if (!gaps || isAnyNear(gapIndex, curve.boxOf(slice), reach)) recutter.recut(slice);
+  }
   std::vector<ClearRun> runs = recutter.take();
   if (runs.empty()) return {};
   return withoutSurplus(std::move(runs), kept);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "geometry/internal/offset_curve.h"
@@ -14,7 +15,10 @@ namespace qdr {
 /// corner, which lies outside that border: a part is surplus when it ends at a crossing where two
 /// others meet already. Of several that compete for a crossing the longest is taken. Parts shorter
 /// than 0.05 are no result.
-std::vector<Slice> keptOfFallen(const OffsetCurve& curve, PartJudge& judge,
+///
+/// Far from the gaps the raw offset has all of the border, and a fallen slice is not looked at;
+/// with null it is unknown where they are.
+std::vector<Slice> keptOfFallen(const OffsetCurve& curve, PartJudge& judge, const BorderGaps* gaps,
                                 const std::vector<Slice>& fallen, const std::vector<Slice>& kept);
 
 }  // namespace qdr

@@ -107,6 +107,7 @@ class OffsetClipper {
   std::vector<Slice> onceOnly(std::vector<Slice> slices) const;
   std::vector<Slice> withKeptOfFallen(const SliceCollector& slices);
 
+  const OffsetClip& m_clip;
   OffsetCurve m_curve;
   PartJudge m_judge;
   CurveCuts m_cuts;
@@ -115,7 +116,8 @@ class OffsetClipper {
 };
 
 OffsetClipper::OffsetClipper(const OffsetClip& clip)
-    : m_curve(clip.raw),
+    : m_clip(clip),
+      m_curve(clip.raw),
       m_judge(clip, m_curve),
       m_cuts(cutsOf(clip, m_curve, m_judge.standings())),
       m_strong(m_curve),
@@ -171,7 +173,7 @@ std::vector<Slice> OffsetClipper::onceOnly(std::vector<Slice> slices) const {
 /// The kept slices in the order of travel, none of them over the start.
 std::vector<Slice> OffsetClipper::withKeptOfFallen(const SliceCollector& slices) {
   std::vector<Slice> kept = onceOnly(slices.kept());
-  const std::vector<Slice> saved = keptOfFallen(m_curve, m_judge, slices.fallen(), kept);
+  const std::vector<Slice> saved = keptOfFallen(m_curve, m_judge, m_clip.gaps, slices.fallen(), kept);
   if (saved.empty()) return kept;
   for (const Slice& slice : saved) {
     if (m_curve.wraps(slice)) {

@@ -16,6 +16,7 @@ struct OffsetClip {
   const VertexChain& raw;    // the raw offset on the wanted side
   const VertexChain& other;  // the one on the other side
   double distance = 0.0;
+  const BorderGaps* gaps = nullptr;  // of both; unknown when null
 };
 
 /// The parts of the raw offset that keep the distance from the source, in the order of travel.

@@ -102,7 +102,8 @@ VertexChain unmoved(const VertexChain& chain, bool closed) {
 /// Joins the parts one after the other and writes each out once both of its ends are known.
 class PartWriter {
  public:
-  explicit PartWriter(std::size_t room) {
+  PartWriter(std::size_t room, const OffsetRequest& request, BorderGaps* gaps)
+      : m_request(request), m_gaps(gaps) {
     m_raw.points.reserve(room);
     m_raw.bulges.reserve(room);
   }
@@ -110,6 +111,7 @@ class PartWriter {
   void add(OffsetPart part) {
     if (m_count++ > 0) {
       joinParts(m_last, part);
+      noteGap(m_last, part);
       write(m_last);
     }
     m_last = part;
@@ -119,7 +121,10 @@ class PartWriter {
 
   VertexChain finish(bool isLoop) {
     isLoop = isLoop && m_count > 1;
-    if (isLoop) joinParts(m_last, m_first);
+    if (isLoop) {
+      joinParts(m_last, m_first);
+      noteGap(m_last, m_first);
+    }
     write(m_last);
     m_raw.add(isLoop ? m_first.from : m_last.to, 0.0);
     m_raw.points.front() = m_first.from;
@@ -128,12 +133,29 @@ class PartWriter {
   }
 
  private:
+  /// On the side where the parallels part a connector cuts the corner. A short one does no harm.
+  void noteGap(const OffsetPart& part, const OffsetPart& follower) {
+    if (!m_gaps || !part.hasConnector ||
+        isWithin(part.segment.end, follower.segment.start, kMergeTolerance))
+      return;
+    const double turn =
+        cross(part.segment.tangentAtEnd(), follower.segment.tangentAtStart()) * m_request.direction;
+    const bool isExact = !(turn > 0.0) || part.connectorBulge != 0.0;
+    if (isExact) m_gaps->push_back(boxOfPoint(follower.vertex));
+  }
+
   void write(const OffsetPart& part) {
     if (m_raw.size() == 0) m_first = part;
-    m_raw.add(part.from, part.bulge());
+    const double bulge = part.bulge();
+    m_raw.add(part.from, bulge);
+    const bool isReversed = bulge * part.segment.bulge < 0.0;
+    if (m_gaps && isReversed)
+      m_gaps->push_back(part.segment.box().inflated(m_request.distance));
     if (part.hasConnector) m_raw.add(part.to, part.connectorBulge);
   }
 
+  const OffsetRequest& m_request;
+  BorderGaps* m_gaps;
   VertexChain m_raw;
   OffsetPart m_first;
   OffsetPart m_last;
@@ -142,23 +164,30 @@ class PartWriter {
 
 }  // namespace
 
-VertexChain withoutNearVertices(const VertexChain& chain) {
+VertexChain withoutNearVertices(const VertexChain& chain, BorderGaps* gaps) {
   VertexChain kept;
   kept.points.reserve(chain.size());
   kept.bulges.reserve(chain.size());
   for (std::size_t i = 0; i < chain.size(); ++i) {
-    if (i > 0 && isWithin(chain.points[i], kept.points.back(), kMergeTolerance)) continue;
-    kept.add(chain.points[i], chain.bulges[i]);
+    if (i == 0 || !isWithin(chain.points[i], kept.points.back(), kMergeTolerance)) {
+      kept.add(chain.points[i], chain.bulges[i]);
+    } else if (gaps && !(distanceSqrd(chain.points[i], kept.points.back()) == 0.0)) {
+      gaps->push_back(boxOfChord(chain.points[i], kept.points.back()));
+    }
   }
   return kept;
 }
 
-VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& request) {
+VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& request,
+                              BorderGaps* gaps) {
   const bool hasArcs = std::any_of(chain.bulges.begin(), chain.bulges.end(), isArcBulge);
   if (request.distance == 0.0 || !hasArcs || chain.size() < 2) return chain;
   const std::size_t count = chain.size() - (request.closed ? 0 : 1);
   const auto sourceAt = [&](std::size_t i) {
-    return straightenedIfSwallowed(segmentAt(chain.points, chain.bulges, i), request);
+    const TravelSegment segment = segmentAt(chain.points, chain.bulges, i);
+    if (gaps && segment.isArc() && segment.radius <= request.distance)
+      gaps->push_back(segment.box());
+    return straightenedIfSwallowed(segment, request);
   };
 
   VertexChain prepared;
@@ -197,11 +226,11 @@ bool joinsSharply(const TravelSegment& segment, const TravelSegment& follower, d
   return part.isCutAtEnd;
 }
 
-VertexChain rawOffset(const VertexChain& chain, const OffsetRequest& request) {
+VertexChain rawOffset(const VertexChain& chain, const OffsetRequest& request, BorderGaps* gaps) {
   if (chain.size() < 2) return chain;
   if (request.distance == 0.0) return unmoved(chain, request.closed);
   const SourceRange range = sourceRange(chain, request.closed);
-  PartWriter writer(chain.size() + chain.size() / 2 + 2);
+  PartWriter writer(chain.size() + chain.size() / 2 + 2, request, gaps);
   for (std::size_t i = 0; i < range.count; ++i) {
     const TravelSegment segment = segmentAt(chain.points, chain.bulges, i);
     TravelSegment moved;
