@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <deque>
 
-#include "geometry/box_index.h"
+#include "geometry/internal/near_points.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {
@@ -41,26 +41,29 @@ class ChainJoiner {
 
   std::vector<VertexChain> m_chains;
   std::vector<bool> m_isFree;  // neither taken nor a ring
-  BoxIndex m_ends;             // 2 i is the start of chain i, 2 i + 1 its end
+  NearPoints m_ends;           // 2 i is the start of chain i, 2 i + 1 its end
   std::deque<std::size_t> m_row;
 };
 
-ChainJoiner::ChainJoiner(std::vector<VertexChain> chains) : m_chains(std::move(chains)) {
-  std::vector<Box> ends;
-  ends.reserve(2 * m_chains.size());
-  for (const VertexChain& chain : m_chains) {
+std::vector<Vec> endsOf(const std::vector<VertexChain>& chains) {
+  std::vector<Vec> ends;
+  ends.reserve(2 * chains.size());
+  for (const VertexChain& chain : chains)
+    ends.insert(ends.end(), {chain.points.front(), chain.points.back()});
+  return ends;
+}
+
+ChainJoiner::ChainJoiner(std::vector<VertexChain> chains)
+    : m_chains(std::move(chains)), m_ends(endsOf(m_chains)) {
+  m_isFree.reserve(m_chains.size());
+  for (const VertexChain& chain : m_chains)
     m_isFree.push_back(!isRing(chain));
-    ends.push_back(boxOfPoint(chain.points.front()));
-    ends.push_back(boxOfPoint(chain.points.back()));
-  }
-  m_ends = BoxIndex(std::move(ends), BoxIndex::Order::given);
 }
 
 std::size_t ChainJoiner::earliestAt(const Vec& end) const {
   std::size_t earliest = kNone;
-  m_ends.forEachWithin(boxOfPoint(end), kJoinTolerance, [&](std::size_t k) {
+  m_ends.forEachNear(end, [&](std::size_t k) {
     if (m_isFree[k / 2]) earliest = std::min(earliest, k / 2);
-    return true;
   });
   return earliest;
 }

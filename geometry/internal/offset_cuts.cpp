@@ -181,10 +181,11 @@ bool lieAlong(const TravelSegment& a, const TravelSegment& b) {
            (a.isWithinSweep(b.start) || a.isWithinSweep(b.end) || b.isWithinSweep(a.start));
   }
   const Vec chord = a.end - a.start;
-  const double reach = kPointTolerance * chord.length();
-  if (!(std::abs(cross(chord, b.start - a.start)) <= reach &&
-        std::abs(cross(chord, b.end - a.start)) <= reach))
-    return false;
+  const double left = cross(chord, b.start - a.start);
+  const double right = cross(chord, b.end - a.start);
+  const double reachSqrd = kPointTolerance * kPointTolerance * chord.lengthSqrd();
+  if (!(left * left <= reachSqrd && right * right <= reachSqrd)) return false;
+  const double reach = std::sqrt(reachSqrd);
   const double from = dot(chord, b.start - a.start);
   const double to = dot(chord, b.end - a.start);
   return std::max(from, to) > reach && std::min(from, to) < chord.lengthSqrd() - reach;

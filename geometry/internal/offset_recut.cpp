@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "geometry/internal/end_nodes.h"
+#include "geometry/internal/near_points.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {
@@ -119,15 +119,15 @@ std::vector<Slice> withoutSurplus(std::vector<ClearRun> runs, const std::vector<
     ends.insert(ends.end(), {slice.from.point, slice.to.point});
   for (const ClearRun& run : runs)
     ends.insert(ends.end(), {run.slice.from.point, run.slice.to.point});
-  const EndNodes nodes(ends);
+  const std::vector<std::size_t> nodes = NearPoints(ends).nodes();
   std::vector<int> meeting(ends.size(), 0);
   for (std::size_t k = 0; k < 2 * kept.size(); ++k)
-    ++meeting[nodes.nodeOf(k)];
+    ++meeting[nodes[k]];
 
   std::vector<Slice> taken;
   for (std::size_t r = 0; r < runs.size(); ++r) {
-    int& atFrom = meeting[nodes.nodeOf(2 * (kept.size() + r))];
-    int& atTo = meeting[nodes.nodeOf(2 * (kept.size() + r) + 1)];
+    int& atFrom = meeting[nodes[2 * (kept.size() + r)]];
+    int& atTo = meeting[nodes[2 * (kept.size() + r) + 1]];
     const bool isSurplus =
         (runs[r].meetsFrom && atFrom >= 2) || (runs[r].meetsTo && atTo >= 2);
     if (isSurplus) continue;

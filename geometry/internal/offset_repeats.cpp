@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "geometry/internal/curve_intersection.h"
-#include "geometry/internal/end_nodes.h"
+#include "geometry/internal/near_points.h"
 #include "geometry/internal/offset_cuts.h"
 #include "geometry/tolerance.h"
 
@@ -127,15 +127,15 @@ std::vector<Repeat> droppable(const std::vector<Repeat>& repeats,
     ends.insert(ends.end(), {slice.from.point, slice.to.point});
   for (const Repeat& repeat : repeats)
     ends.insert(ends.end(), {repeat.stretch.from.point, repeat.stretch.to.point});
-  const EndNodes nodes(ends);
+  const std::vector<std::size_t> nodes = NearPoints(ends).nodes();
   std::vector<char> isOdd(ends.size(), 0);
   for (std::size_t k = 0; k < 2 * slices.size(); ++k)
-    isOdd[nodes.nodeOf(k)] ^= 1;
+    isOdd[nodes[k]] ^= 1;
 
   std::vector<Repeat> dropped;
   for (std::size_t r = 0; r < repeats.size(); ++r) {
-    const std::size_t from = nodes.nodeOf(2 * (slices.size() + r));
-    const std::size_t to = nodes.nodeOf(2 * (slices.size() + r) + 1);
+    const std::size_t from = nodes[2 * (slices.size() + r)];
+    const std::size_t to = nodes[2 * (slices.size() + r) + 1];
     if (from != to && !isOdd[from] && !isOdd[to]) continue;
     isOdd[from] ^= 1;
     isOdd[to] ^= 1;
@@ -149,7 +149,9 @@ std::vector<Repeat> droppable(const std::vector<Repeat>& repeats,
 std::vector<Slice> withoutRepeats(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
                                   const std::vector<Slice>& slices) {
   RepeatFinder finder(curve, partsAlong(curve, liesAlong, slices));
-  const std::vector<Repeat> dropped = droppable(finder.run(), slices);
+  const std::vector<Repeat> repeats = finder.run();
+  if (repeats.empty()) return slices;
+  const std::vector<Repeat> dropped = droppable(repeats, slices);
   std::vector<Slice> rest;
   rest.reserve(slices.size() + dropped.size());
   auto next = dropped.begin();

@@ -140,16 +140,16 @@ class PartWriter {
       return;
     const double turn =
         cross(part.segment.tangentAtEnd(), follower.segment.tangentAtStart()) * m_request.direction;
-    const bool isExact = !(turn > 0.0) || part.connectorBulge != 0.0;
-    if (isExact) m_gaps->push_back(boxOfPoint(follower.vertex));
+    if (!(turn > 0.0) || part.connectorBulge != 0.0) m_gaps->push_back(boxOfPoint(follower.vertex));
   }
 
   void write(const OffsetPart& part) {
     if (m_raw.size() == 0) m_first = part;
     const double bulge = part.bulge();
     m_raw.add(part.from, bulge);
-    const bool isReversed = bulge * part.segment.bulge < 0.0;
-    if (m_gaps && isReversed)
+    // A part of an arc that is nearly flat is a line.
+    const bool isFlat = part.segment.isArc() && std::abs(bulge) < 2.0 * kBulgeTolerance;
+    if (m_gaps && (isFlat || bulge * part.segment.bulge < 0.0))
       m_gaps->push_back(part.segment.box().inflated(m_request.distance));
     if (part.hasConnector) m_raw.add(part.to, part.connectorBulge);
   }
