@@ -143,9 +143,8 @@ BoxIndex CutCollector::indexOfUnburied() const {
   return BoxIndex(std::move(boxes), BoxIndex::Order::given);
 }
 
-bool boxesOverlap(const Box& a, const Box& b) {
-  return a.overlaps(b);
-}
+// An object, not a function: the walk through the index takes it in.
+constexpr auto boxesOverlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
 
 void CutCollector::findOtherMeetings(const BoxIndex& unburied) {
   const std::vector<TravelSegment> others =

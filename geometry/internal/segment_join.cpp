@@ -105,14 +105,30 @@ void joinWithArc(OffsetPart& part, OffsetPart& follower) {
 
 }  // namespace
 
+namespace {
+
+/// Where a place of the circle lies against the arc, told by distances alone.
+Place placeOnArc(const TravelSegment& arc, const Vec& p) {
+  if (arc.isWithinSweep(p)) return Place::onSegment;
+  return distanceSqrd(p, arc.start) < distanceSqrd(p, arc.end) ? Place::beforeStart
+                                                               : Place::beyondEnd;
+}
+
+}  // namespace
+
 double OffsetPart::bulge() const {
   if (!segment.isArc()) return 0.0;
   if (startsSigned && !isCutAtEnd) return signAtStart * std::abs(segment.bulge);
   if (!isCutAtStart && !isCutAtEnd) return segment.bulge;
-  if (segment.isWithinSweep(from) && segment.isWithinSweep(to)) {
+  const Place placeOfFrom = placeOnArc(segment, from);
+  const Place placeOfTo = placeOnArc(segment, to);
+  if (placeOfFrom == Place::onSegment && placeOfTo == Place::onSegment) {
     const double skipped = segment.bulgeTo(segment.start, from);
     const double reached = segment.bulgeTo(segment.start, to);
     if (std::abs(reached) > std::abs(skipped)) return segment.bulgeTo(from, to);
+  } else if (placeOfFrom != Place::beyondEnd && placeOfTo != Place::beforeStart) {
+    // Each end goes on by less than half of what the arc leaves of its circle.
+    if (placeOfFrom != placeOfTo) return segment.bulgeTo(from, to);
   }
   const double start = isCutAtStart ? segment.paramOf(from) : 0.0;
   const double end = isCutAtEnd ? segment.paramOf(to) : 1.0;
