@@ -135,14 +135,32 @@ std::vector<VertexChain> offsetPieces(const CQdrGePolyline2d& polyline, const CQ
   const VertexChain other = rawOffset(preparedForOffset(merged, request), request, &gaps);
 
   const auto clipped = [&](const VertexChain& wanted, const VertexChain& opposite) {
-    return clippedOffset(
-        {source.points, source.bulges, polyline.isClosed(), wanted, opposite, request.distance, &gaps});
+    return clippedOffset({source.points, source.bulges, polyline.isClosed(), wanted, opposite,
+                          request.distance, &gaps});
   };
   std::vector<VertexChain> pieces = clipped(raw, other);
   if (!both) return pieces;
   for (VertexChain& piece : clipped(other, raw))
     pieces.push_back(std::move(piece));
   return pieces;
+}
+
+/// Whether a chain is open and shorter than what an offset keeps.
+bool isSpeck(const VertexChain& chain) {
+  const double gapSqrd = distanceSqrd(chain.points.front(), chain.points.back());
+  const bool isRing = chain.size() > 2 && gapSqrd < kJoinTolerance * kJoinTolerance;
+  if (isRing || gapSqrd >= kMergeTolerance * kMergeTolerance) return false;
+  double length = 0.0;
+  for (std::size_t i = 0; i + 1 < chain.size() && length < kMergeTolerance; ++i)
+    length += segmentAt(chain.points, chain.bulges, i).length();
+  return length < kMergeTolerance;
+}
+
+std::vector<VertexChain> offsetChains(const CQdrGePolyline2d& polyline, const CQdrGePoint2d& side,
+                                      double dist, bool both) {
+  std::vector<VertexChain> chains = joinedChains(offsetPieces(polyline, side, dist, both));
+  chains.erase(std::remove_if(chains.begin(), chains.end(), isSpeck), chains.end());
+  return chains;
 }
 
 }  // namespace
@@ -155,7 +173,7 @@ bool CQdrGePolyline2d::getOffset(const CQdrGePoint2d& side, double dist, std::ve
 
 int CQdrGePolyline2d::offset(const CQdrGePoint2d& side, double dist, std::vector<void*>& pieces,
                              bool both) const {
-  releaseAll(joinedChains(offsetPieces(*this, side, dist, both)), pieces);
+  releaseAll(offsetChains(*this, side, dist, both), pieces);
   return static_cast<int>(pieces.size());
 }
 
@@ -165,7 +183,7 @@ int CQdrGePolyline2d::getOffsetPolylines(const CQdrGePoint2d& side, double dist,
 }
 
 bool CQdrGePolyline2d::offset(const CQdrGePoint2d& side, double dist) {
-  std::vector<VertexChain> chains = joinedChains(offsetPieces(*this, side, dist, false));
+  std::vector<VertexChain> chains = offsetChains(*this, side, dist, false);
   if (chains.empty()) return false;
   const auto longest = std::max_element(
       chains.begin(), chains.end(),

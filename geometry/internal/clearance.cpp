@@ -22,8 +22,8 @@ struct Hull {
     constexpr double kMaxBulge = 0.5;
     if (std::abs(segment.bulge) < kMaxBulge) {
       const Vec apothem = (segment.start + segment.end) * 0.5 - segment.center;
-      corners[count++] = segment.center + apothem * (segment.radius * segment.radius /
-                                                     apothem.lengthSqrd());
+      corners[count++] =
+          segment.center + apothem * (segment.radius * segment.radius / apothem.lengthSqrd());
       return;
     }
     const Box box = segment.box();

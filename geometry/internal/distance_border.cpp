@@ -8,9 +8,9 @@ namespace qdr {
 
 namespace {
 
-void addParams(const TravelSegment& segment, const Meeting& meeting, std::vector<double>& params) {
+void addParams(const TravelSegment& segment, const Meeting& meeting, BorderParams& params) {
   for (int k = 0; k < meeting.count; ++k)
-    params.push_back(segment.paramOf(meeting.points[k]));
+    params.add(segment.paramOf(meeting.points[k]));
 }
 
 /// The arc about the same centre whose radius is `ratio` times as long.
@@ -49,8 +49,8 @@ ParamSpan nearSpanOfLines(const TravelSegment& line, const TravelSegment& source
 
 }  // namespace
 
-void addBorderParams(const TravelSegment& segment, const TravelSegment& source, double reach,
-                     std::vector<double>& params) {
+BorderParams borderParams(const TravelSegment& segment, const TravelSegment& source, double reach) {
+  BorderParams params;
   addParams(segment, meetCircle(segment, source.start, reach), params);
   addParams(segment, meetCircle(segment, source.end, reach), params);
   if (source.isArc()) {
@@ -58,27 +58,26 @@ void addBorderParams(const TravelSegment& segment, const TravelSegment& source, 
     addParams(segment, meetSegments(segment, concentricArc(source, 1.0 + share)), params);
     if (share < 1.0)
       addParams(segment, meetSegments(segment, concentricArc(source, 1.0 - share)), params);
-    return;
+    return params;
   }
   const Vec chord = source.end - source.start;
   const double size = chord.length();
-  if (!(size > 0.0)) return;
+  if (!(size > 0.0)) return params;
   for (const double shift : {reach / size, -reach / size}) {
     const Vec normal = chord.perpVector() * shift;
     const TravelSegment parallel = makeSegment(source.start + normal, source.end + normal, 0.0);
     addParams(segment, meetSegments(segment, parallel), params);
   }
+  return params;
 }
 
 ParamSpan nearSpan(const TravelSegment& segment, const TravelSegment& source, double reach) {
   if (!segment.isArc() && !source.isArc()) return nearSpanOfLines(segment, source, reach);
   const auto isNear = [&](const Vec& p) { return distanceSqrdTo(source, p) <= reach * reach; };
-  thread_local std::vector<double> params;
-  params.clear();
-  addBorderParams(segment, source, reach, params);
-  if (isNear(segment.start)) params.push_back(0.0);
-  if (isNear(segment.end)) params.push_back(1.0);
-  if (params.empty()) return {1.0, 0.0};
+  BorderParams params = borderParams(segment, source, reach);
+  if (isNear(segment.start)) params.add(0.0);
+  if (isNear(segment.end)) params.add(1.0);
+  if (params.begin() == params.end()) return {1.0, 0.0};
   const auto [least, most] = std::minmax_element(params.begin(), params.end());
   return {std::clamp(*least, 0.0, 1.0), std::clamp(*most, 0.0, 1.0)};
 }

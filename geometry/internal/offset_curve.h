@@ -21,8 +21,7 @@ inline bool isEarlier(const RawPlace& a, const RawPlace& b) {
   return a.segment != b.segment ? a.segment < b.segment : a.param < b.param;
 }
 
-/// A stretch of the raw offset. On a loop it may run over the end of the last segment into the
-/// first one; then `to` does not come behind `from`.
+/// A stretch of the raw offset; `to` comes behind `from`.
 struct Slice {
   RawPlace from;
   RawPlace to;
@@ -39,15 +38,15 @@ struct OffsetCurve {
   RawPlace end() const { return {segments.size(), 0.0, segments.back().end}; }
   RawPlace placeAt(std::size_t i, double param) const;
 
-  bool wraps(const Slice& slice) const { return isLoop && !isEarlier(slice.from, slice.to); }
-
   /// Calls visit(i, from, to) for the part of every segment that the slice runs over.
   template <class Visit>
   void forEachPart(const Slice& slice, Visit&& visit) const {
-    const bool isWrapped = wraps(slice);
-    const std::size_t last = isWrapped ? segments.size() : slice.to.segment;
-    visitParts(slice.from, last, isWrapped ? 0.0 : slice.to.param, visit);
-    if (isWrapped) visitParts(start(), slice.to.segment, slice.to.param, visit);
+    double from = slice.from.param;
+    for (std::size_t i = slice.from.segment; i < slice.to.segment; ++i) {
+      visit(i, from, 1.0);
+      from = 0.0;
+    }
+    if (slice.to.param > from) visit(slice.to.segment, from, slice.to.param);
   }
 
   /// Bounds of all segments that the slice touches.
@@ -55,24 +54,12 @@ struct OffsetCurve {
 
   double lengthOf(const Slice& slice) const;
 
-  /// The slice, which does not wrap, as vertices with the bulges between them.
+  /// The slice as vertices with the bulges between them.
   VertexChain chainOf(const Slice& slice) const;
 
   std::vector<TravelSegment> segments;
   BoxIndex index;
   bool isLoop;
-
- private:
-  template <class Visit>
-  void visitParts(const RawPlace& from, std::size_t lastSegment, double lastParam,
-                  Visit& visit) const {
-    double start = from.param;
-    for (std::size_t i = from.segment; i < lastSegment; ++i) {
-      visit(i, start, 1.0);
-      start = 0.0;
-    }
-    if (lastParam > start) visit(lastSegment, start, lastParam);
-  }
 };
 
 }  // namespace qdr

@@ -16,8 +16,8 @@ struct Cut {
 };
 
 struct CurveCuts {
-  std::vector<Cut> cuts;         // segment after segment, sorted along each
-  std::vector<bool> liesAlong;   // by segment: some other one runs over it; empty when none does
+  std::vector<Cut> cuts;        // segment after segment, sorted along each
+  std::vector<bool> liesAlong;  // by segment: some other one runs over it; empty when none does
 };
 
 /// Where the raw offset crosses itself, the other side, and the circles of the distance about the

@@ -47,9 +47,8 @@ bool SliceRecutter::isWorthless(std::size_t i, double from, double to) const {
   if (m_judge.standings()[i].kind == Standing::clear) return false;
   const double share = kMergeTolerance / m_curve.segments[i].length();
   const bool isAtFrom = i == m_fallen.from.segment && from == m_fallen.from.param;
-  const bool isAtTo = m_fallen.to.param == 0.0 ? (to == 1.0 && (i + 1 == m_fallen.to.segment ||
-                                                                m_fallen.to.segment == 0))
-                                               : (i == m_fallen.to.segment);
+  const bool isAtTo = m_fallen.to.param == 0.0 ? (to == 1.0 && i + 1 == m_fallen.to.segment)
+                                               : i == m_fallen.to.segment;
   const double inner = isAtFrom ? from + share : from;
   const double outer = isAtTo ? to - share : to;
   const bool isLong = inner < outer;
@@ -128,8 +127,7 @@ std::vector<Slice> withoutSurplus(std::vector<ClearRun> runs, const std::vector<
   for (std::size_t r = 0; r < runs.size(); ++r) {
     int& atFrom = meeting[nodes[2 * (kept.size() + r)]];
     int& atTo = meeting[nodes[2 * (kept.size() + r) + 1]];
-    const bool isSurplus =
-        (runs[r].meetsFrom && atFrom >= 2) || (runs[r].meetsTo && atTo >= 2);
+    const bool isSurplus = (runs[r].meetsFrom && atFrom >= 2) || (runs[r].meetsTo && atTo >= 2);
     if (isSurplus) continue;
     ++atFrom;
     ++atTo;

@@ -101,11 +101,10 @@ void RepeatFinder::addCovered(const SlicePart& part) {
   std::sort(m_params.begin(), m_params.end());
   for (std::size_t k = 0; k + 1 < m_params.size(); ++k) {
     const Vec middle = segment.pointAt((m_params[k] + m_params[k + 1]) / 2.0);
-    const bool isCovered =
-        m_params[k] < m_params[k + 1] &&
-        std::any_of(m_covering.begin(), m_covering.end(), [&](std::size_t j) {
-          return holdsPlace(m_parts[j].curve, middle);
-        });
+    const bool isCovered = m_params[k] < m_params[k + 1] &&
+                           std::any_of(m_covering.begin(), m_covering.end(), [&](std::size_t j) {
+                             return holdsPlace(m_parts[j].curve, middle);
+                           });
     if (isCovered) addRepeat(part, m_params[k], m_params[k + 1]);
   }
 }

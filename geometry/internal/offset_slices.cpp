@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "geometry/internal/offset_cuts.h"
 #include "geometry/internal/offset_curve.h"
+#include "geometry/internal/offset_cuts.h"
 #include "geometry/internal/offset_recut.h"
 #include "geometry/internal/offset_repeats.h"
 #include "geometry/internal/part_judge.h"
@@ -21,7 +21,6 @@ class SliceCollector {
   bool hasFallen() const { return m_hasFallen; }
   void fall() { m_hasFallen = true; }
   void cutAt(const RawPlace& place);
-  void finish();
 
   const std::vector<Slice>& kept() const { return m_kept; }
   const std::vector<Slice>& fallen() const { return m_fallen; }
@@ -29,12 +28,10 @@ class SliceCollector {
 
  private:
   bool isEmptyUpTo(const RawPlace& place) const;
-  void joinOverStart();
 
   const OffsetCurve& m_curve;
   RawPlace m_from;
   bool m_hasFallen = false;
-  bool m_isCutAtStart = false;
   std::vector<Slice> m_kept;
   std::vector<Slice> m_fallen;
 };
@@ -53,36 +50,8 @@ bool SliceCollector::isEmptyUpTo(const RawPlace& place) const {
 /// Ends the slice here and begins the next. An empty one is nobody's.
 void SliceCollector::cutAt(const RawPlace& place) {
   if (!isEmptyUpTo(place)) (m_hasFallen ? m_fallen : m_kept).push_back({m_from, place});
-  if (!isEarlier(m_curve.start(), place)) m_isCutAtStart = true;
   m_from = place;
   m_hasFallen = false;
-}
-
-void SliceCollector::finish() {
-  cutAt(m_curve.end());
-  if (m_curve.isLoop && !m_isCutAtStart) joinOverStart();
-}
-
-/// The last slice and the first are one: where either has fallen both have.
-void SliceCollector::joinOverStart() {
-  const auto startsFirst = [&](const std::vector<Slice>& slices) {
-    return !slices.empty() && !isEarlier(m_curve.start(), slices.front().from);
-  };
-  const auto endsLast = [&](const std::vector<Slice>& slices) {
-    return !slices.empty() && slices.back().to.segment == m_curve.size();
-  };
-  const bool isFirstFallen = startsFirst(m_fallen);
-  const bool isLastFallen = endsLast(m_fallen);
-  const bool areBoth = (isFirstFallen || startsFirst(m_kept)) && (isLastFallen || endsLast(m_kept));
-  const bool isOneSlice = m_kept.size() + m_fallen.size() == 1;
-  if (!areBoth || isOneSlice || (!isFirstFallen && !isLastFallen)) return;
-  std::vector<Slice>& ofFirst = isFirstFallen ? m_fallen : m_kept;
-  const Slice first = ofFirst.front();
-  ofFirst.erase(ofFirst.begin());
-  std::vector<Slice>& ofLast = isLastFallen ? m_fallen : m_kept;
-  const Slice last = ofLast.back();
-  ofLast.pop_back();
-  m_fallen.push_back({last.from, first.to});
 }
 
 double SliceCollector::keptLength() const {
@@ -152,8 +121,8 @@ void OffsetClipper::walk() {
       ++next;
     walkSegment(i, std::span(cuts).subspan(first, next - first));
   }
-  m_strong.finish();
-  m_all.finish();
+  m_strong.cutAt(m_curve.end());
+  m_all.cutAt(m_curve.end());
 }
 
 /// Weak cuts count when something has fallen that they save.
@@ -170,19 +139,13 @@ std::vector<Slice> OffsetClipper::onceOnly(std::vector<Slice> slices) const {
   return withoutRepeats(m_curve, m_cuts.liesAlong, slices);
 }
 
-/// The kept slices in the order of travel, none of them over the start.
+/// The kept slices in the order of travel.
 std::vector<Slice> OffsetClipper::withKeptOfFallen(const SliceCollector& slices) {
   std::vector<Slice> kept = onceOnly(slices.kept());
-  const std::vector<Slice> saved = keptOfFallen(m_curve, m_judge, m_clip.gaps, slices.fallen(), kept);
+  const std::vector<Slice> saved =
+      keptOfFallen(m_curve, m_judge, m_clip.gaps, slices.fallen(), kept);
   if (saved.empty()) return kept;
-  for (const Slice& slice : saved) {
-    if (m_curve.wraps(slice)) {
-      kept.push_back({slice.from, m_curve.end()});
-      kept.push_back({m_curve.start(), slice.to});
-    } else {
-      kept.push_back(slice);
-    }
-  }
+  kept.insert(kept.end(), saved.begin(), saved.end());
   std::sort(kept.begin(), kept.end(),
             [](const Slice& a, const Slice& b) { return isEarlier(a.from, b.from); });
   return onceOnly(std::move(kept));

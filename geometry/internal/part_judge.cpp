@@ -30,9 +30,8 @@ void PartJudge::findNear(std::size_t i) {
     const ParamSpan span = nearSpan(m_curve.segments[i], m_clearance.source(j), m_distance);
     if (span.from <= span.to) m_spans.push_back({span, 0.0, j});
   }
-  std::sort(m_spans.begin(), m_spans.end(), [](const NearSource& a, const NearSource& b) {
-    return a.span.from < b.span.from;
-  });
+  std::sort(m_spans.begin(), m_spans.end(),
+            [](const NearSource& a, const NearSource& b) { return a.span.from < b.span.from; });
   double reachedTo = 0.0;
   for (NearSource& near : m_spans)
     near.reachedTo = reachedTo = std::max(reachedTo, near.span.to);
@@ -50,8 +49,7 @@ bool PartJudge::isClear(std::size_t i, double from, double to) {
   // A short part of a flat arc is straight: it may come nearer than the arc.
   if (standing.kind == Standing::clear && part.isArc() == m_curve.segments[i].isArc()) return true;
   const Box box = part.box();
-  return !anyNear(i, from, to,
-                  [&](std::uint32_t j) { return m_clearance.isBroken(part, box, j); });
+  return !anyNear(i, from, to, [&](std::uint32_t j) { return m_clearance.isBroken(part, box, j); });
 }
 
 bool PartJudge::isBuried(std::size_t i, double from, double to) {
@@ -87,14 +85,12 @@ bool PartJudge::isInsideCorner(const Vec& p) const {
 
 void PartJudge::addBorderParams(std::size_t i, double from, double to,
                                 std::vector<double>& params) {
-  const std::size_t first = params.size();
   anyNear(i, from, to, [&](std::uint32_t j) {
-    qdr::addBorderParams(m_curve.segments[i], m_clearance.source(j), m_distance, params);
+    for (const double t : borderParams(m_curve.segments[i], m_clearance.source(j), m_distance)) {
+      if (t > from && t < to) params.push_back(t);
+    }
     return false;
   });
-  params.erase(std::remove_if(params.begin() + static_cast<std::ptrdiff_t>(first), params.end(),
-                              [&](double t) { return !(t > from && t < to); }),
-               params.end());
 }
 
 }  // namespace qdr
