@@ -38,6 +38,10 @@ struct Box {
     return (minX <= box.maxX) & (box.minX <= maxX) & (minY <= box.maxY) & (box.minY <= maxY);
   }
 
+  bool holds(const Box& box) const {
+    return minX <= box.minX && box.maxX <= maxX && minY <= box.minY && box.maxY <= maxY;
+  }
+
   /// Square of the least distance between two boxes; 0 when they overlap.
   double distanceSqrd(const Box& box) const {
     const double dx = std::max(0.0, std::max(minX - box.maxX, box.minX - maxX));

@@ -201,9 +201,15 @@ void CQdrGePolyline2d::getMinMaxpoint(CQdrGePoint2d& min, CQdrGePoint2d& max) co
   for (const CQdrGePoint2d& point : m_points)
     bounds.add(toVec(point));
   for (std::size_t k = 0; k < m_points.size(); ++k) {
-    if (!isArcBulge(m_bulges[k]) || segType(static_cast<int>(k)) != kArcSeg) continue;
-    const std::size_t next = k + 1 < m_points.size() ? k + 1 : 0;
-    bounds.add(makeSegment(toVec(m_points[k]), toVec(m_points[next]), m_bulges[k]).box());
+    if (!isArcBulge(m_bulges[k])) continue;
+    const Vec from = toVec(m_points[k]);
+    const Vec to = toVec(m_points[k + 1 < m_points.size() ? k + 1 : 0]);
+    // No place of an arc is farther from its chord than half the chord times the bulge.
+    const double height =
+        std::abs(m_bulges[k]) * (std::abs(to.x - from.x) + std::abs(to.y - from.y));
+    const Box around = boxOfChord(from, to).inflated(height / 2.0);
+    if (bounds.holds(around) || segType(static_cast<int>(k)) != kArcSeg) continue;
+    bounds.add(makeSegment(from, to, m_bulges[k]).box());
   }
   min.set(bounds.minX, bounds.minY);
   max.set(bounds.maxX, bounds.maxY);

@@ -16,19 +16,18 @@ namespace {
 /// Arcs of more than this bulge may count as whole circles, far from their chord.
 constexpr double kWholeCircleBulge = 1000.0;
 
-/// How far a place that counts as on the arc can lie from its chord, `tol` left out: the height of
-/// the arc, what its angles allow beyond its ends, and the foot of a line that touches it.
-double reachFromChord(double chord, double bulge, double tol) {
+/// Whether the arc over a chord that has both ends on one side of a line, no nearer than
+/// `clearance`, certainly stays on that side. A place that counts as on the arc is no farther from
+/// the chord than the height of the arc, with what the angles allow beyond its ends and, for a
+/// line that touches it, the root of the tolerance.
+bool staysClear(const Vec& chord, double bulge, double clearance, double tol) {
   const double size = std::abs(bulge);
-  const double radius = chord * (1.0 + size * size) / (4.0 * size);
-  return chord * size / 2.0 + 2.0 * kAngleTolerance * radius + std::sqrt(tol);
-}
-
-/// Whether the arc over this chord certainly stays clear of a line that passes both ends on one
-/// side, no nearer than `clearance`.
-bool staysClear(const Vec& from, const Vec& to, double bulge, double clearance, double tol) {
-  return std::abs(bulge) < kWholeCircleBulge &&
-         clearance > reachFromChord(distance(from, to), bulge, tol);
+  if (!(size < kWholeCircleBulge)) return false;
+  // The height is half the chord times the bulge, the radius (1 + b^2) / (4 b) chords; the sum of
+  // the sides stands for the chord, which spares a root, and the bulge is multiplied through.
+  const double longest = std::abs(chord.x) + std::abs(chord.y);
+  const double reach = size * size / 2.0 + kAngleTolerance * (1.0 + size * size) / 2.0;
+  return (clearance - std::sqrt(tol)) * size > longest * reach;
 }
 
 void addCrossings(const CQdrGePolyline2d& chain, int i, const CQdrGeLine2d& way, double tol,
@@ -68,7 +67,7 @@ std::vector<CQdrGePoint2d> crossingsWithWay(const CQdrGePolyline2d& chain, const
     const double bulge = chain.bulges()[i];
     const double clearance = std::min(std::abs(offFrom), std::abs(offTo)) - margin;
     const bool isBeside = (offFrom > 0.0) == (offTo > 0.0) && clearance > 0.0;
-    if (!isBeside || (isArcBulge(bulge) && !staysClear(from, to, bulge, clearance, tol)))
+    if (!isBeside || (isArcBulge(bulge) && !staysClear(to - from, bulge, clearance, tol)))
       addCrossings(chain, static_cast<int>(i), way, tol, crossings);
     from = to;
     offFrom = offTo;

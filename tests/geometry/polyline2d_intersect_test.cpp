@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "geometry/box.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/ellip_arc2d.h"
 #include "geometry/internal/chain_crossings.h"
@@ -203,6 +204,24 @@ bool isInsideByAllCrossings(const Chain& chain, const CQdrGePoint2d& point) {
     if (isNew) kept.push_back(hit);
   }
   return kept.size() % 2 == 1;
+}
+
+TEST(Polyline2dIntersect, BoundsHoldTheArcsAndNoMore) {
+  for (unsigned seed = 1; seed <= 100; ++seed) {
+    std::mt19937 random(seed);
+    const Chain chain = randomChain(random, 2 + seed % 6, 10);
+    qdr::Box sampled;
+    for (const SampledSegment& segment : segmentsOfChain(chain)) {
+      for (int i = 0; i <= 2000; ++i)
+        sampled.add(qdr::toVec(segment.at(i / 2000.0)));
+    }
+    CQdrGePoint2d min, max;
+    chain.getMinMaxpoint(min, max);
+    EXPECT_NEAR(min.x, sampled.minX, 1e-3) << "seed " << seed;
+    EXPECT_NEAR(min.y, sampled.minY, 1e-3) << "seed " << seed;
+    EXPECT_NEAR(max.x, sampled.maxX, 1e-3) << "seed " << seed;
+    EXPECT_NEAR(max.y, sampled.maxY, 1e-3) << "seed " << seed;
+  }
 }
 
 TEST(Polyline2dIntersect, InsidePassesOverNothingThatCrosses) {
