@@ -165,7 +165,9 @@ TEST(BoxIndex, PairsOfOneIndexComeOnceEach) {
 TEST(BoxIndex, BoxesOfNoExtentAndFarAwayAreFound) {
   const double huge = std::numeric_limits<double>::max();
   const std::vector<Box> boxes = {{3, 3, 3, 3}, {3, 3, 3, 3}, {-huge, -huge, huge, huge}, Box()};
-  expectPlainAnswers(boxes, {{3, 3, 3, 3}, {4, 3, 5, 3}, {-huge, 0, huge, 1}, Box()});
+  const double inf = std::numeric_limits<double>::infinity();
+  expectPlainAnswers(boxes,
+                     {{3, 3, 3, 3}, {4, 3, 5, 3}, {-huge, 0, huge, 1}, {-inf, 0, inf, 1}, Box()});
   expectPlainAnswers({boxes[0], boxes[3]}, {{3, 3, 3, 3}, {4, 3, 5, 3}, {-huge, 0, huge, 9}});
 }
 

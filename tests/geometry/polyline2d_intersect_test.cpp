@@ -209,11 +209,11 @@ bool isInsideByAllCrossings(const Chain& chain, const CQdrGePoint2d& point) {
 TEST(Polyline2dIntersect, BoundsHoldTheArcsAndNoMore) {
   for (unsigned seed = 1; seed <= 100; ++seed) {
     std::mt19937 random(seed);
-    const Chain chain = randomChain(random, 2 + seed % 6, 10);
+    const Chain chain = randomChain(random, 2 + seed % 30, 10);
     qdr::Box sampled;
     for (const SampledSegment& segment : segmentsOfChain(chain)) {
-      for (int i = 0; i <= 2000; ++i)
-        sampled.add(qdr::toVec(segment.at(i / 2000.0)));
+      for (int i = 0; i <= 500; ++i)
+        sampled.add(qdr::toVec(segment.at(i / 500.0)));
     }
     CQdrGePoint2d min, max;
     chain.getMinMaxpoint(min, max);
