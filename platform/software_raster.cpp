@@ -41,6 +41,12 @@ PixelOp penOp(const DeviceState& state) {
   return pixelOp(state.rop2, state.stroke.color);
 }
 
+// Whether the dashes lie over one another so much that passing over what is painted pays.
+bool overlapsItself(const DeviceStroke& stroke) {
+  constexpr double kBroad = 32;
+  return stroke.width > kBroad && !stroke.dashes.isSolid();
+}
+
 // The centres of the border pixels of a rectangle.
 struct Border {
   double centerX;
@@ -179,7 +185,7 @@ void SoftwareRaster::touch(const DeviceState& state, const CPoint* points, std::
 
 RasterCall SoftwareRaster::beginCall(const DeviceState& state, bool mayRepeat) {
   RasterCall call{*m_pixels, clipOf(state)};
-  if (mayRepeat && !penOp(state).overwrites()) {
+  if (mayRepeat && (!penOp(state).overwrites() || overlapsItself(state.stroke))) {
     m_mask->begin(static_cast<std::size_t>(m_pixels->stride()) *
                   static_cast<std::size_t>(m_pixels->height()));
     call.mask = m_mask.get();

@@ -14,6 +14,8 @@ namespace qdr {
 namespace {
 
 constexpr double kMiterLimit = 10.0;
+// The corner of a square cap, in half widths, and a little more.
+constexpr double kCornerReach = 1.5;
 
 struct Vector {
   double x = 0;
@@ -71,7 +73,11 @@ class WideStroker {
       : m_painter(painter),
         m_cap(style & PS_ENDCAP_MASK),
         m_join(style & PS_JOIN_MASK),
-        m_half(width / 2) {}
+        m_half(width / 2),
+        m_reach(m_half * (m_join == PS_JOIN_MITER ? kMiterLimit : kCornerReach)) {}
+
+  /// How far a stroke may reach from its points.
+  double reach() const { return m_reach; }
 
   void stroke(const std::vector<StrokePoint>& points, bool closed) {
     const bool isDot =
@@ -100,9 +106,8 @@ class WideStroker {
 
   bool misses(StrokePoint a, StrokePoint b) const {
     const CRect& clip = m_painter.clip();
-    const double reach = 2 * m_half;
-    return std::max(a.x, b.x) + reach < clip.left || std::min(a.x, b.x) - reach > clip.right ||
-           std::max(a.y, b.y) + reach < clip.top || std::min(a.y, b.y) - reach > clip.bottom;
+    return std::max(a.x, b.x) + m_reach < clip.left || std::min(a.x, b.x) - m_reach > clip.right ||
+           std::max(a.y, b.y) + m_reach < clip.top || std::min(a.y, b.y) - m_reach > clip.bottom;
   }
 
   // Half the width times the unit normal to the left of the way from a to b; 0 for no way.
@@ -112,8 +117,22 @@ class WideStroker {
     return {(b.y - a.y) / length * m_half, (a.x - b.x) / length * m_half};
   }
 
+  // Whether a segment with its caps ends before the clip begins, or begins behind it. Dashes far
+  // broader than long pass the box of the clip by thousands.
+  bool missesAlong(StrokePoint a, StrokePoint b) const {
+    const CRect& clip = m_painter.clip();
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    const double nearest =
+        (dx > 0 ? clip.left : clip.right) * dx + (dy > 0 ? clip.top : clip.bottom) * dy;
+    const double farthest =
+        (dx > 0 ? clip.right : clip.left) * dx + (dy > 0 ? clip.bottom : clip.top) * dy;
+    const double slack = (m_cap == PS_ENDCAP_FLAT ? 1 : m_reach) * std::hypot(dx, dy);
+    return farthest < a.x * dx + a.y * dy - slack || nearest > b.x * dx + b.y * dy + slack;
+  }
+
   void segment(StrokePoint a, StrokePoint b, bool isStart, bool isEnd) {
-    if (misses(a, b)) return;
+    if (misses(a, b) || missesAlong(a, b)) return;
     const Vector side = sideways(a, b);
     if (m_cap == PS_ENDCAP_SQUARE) {
       if (isStart) a = {a.x + side.y, a.y - side.x};
@@ -160,17 +179,18 @@ class WideStroker {
   int m_cap;
   int m_join;
   double m_half;
+  double m_reach;
 };
 
 // Cuts a path into the dashes that can be seen, each a stroke that may run over vertices.
 class WideDasher {
  public:
-  WideDasher(WideStroker& stroker, const DeviceStroke& stroke, const CRect& clip, double width)
-      : m_stroker(stroker),
-        m_stroke(stroke),
-        m_cursor(stroke.dashes),
-        m_reach{clip.left - 2 * width, clip.top - 2 * width, clip.right + 2 * width,
-                clip.bottom + 2 * width} {}
+  WideDasher(WideStroker& stroker, const DeviceStroke& stroke, const DashPattern& dashes,
+             const CRect& clip)
+      : m_stroker(stroker), m_stroke(stroke), m_cursor(dashes) {
+    const double reach = stroker.reach() + 2;
+    m_reach = {clip.left - reach, clip.top - reach, clip.right + reach, clip.bottom + reach};
+  }
 
   void path(const std::vector<StrokePoint>& points, const WidePath& walk) {
     m_cursor.advance(walk.phase);
@@ -248,19 +268,40 @@ std::vector<StrokePoint> distinctPoints(const WidePath& path, double shift) {
   return points;
 }
 
-// Whether the dashes cannot be told from a solid line. Round and square caps close gaps: between
-// round ones of width w a gap g leaves a bite g^2 / 4 w deep, which must show by half a pixel. The
-// same rule, and a limit to the width, bound the number of dashes that reach into the clip.
-bool looksSolid(const DeviceStroke& stroke, double width) {
-  constexpr double kWidestDashed = 16384;
-  const double coarsest = std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
-  if (stroke.dashes.isSolid() || isTooFine(stroke.dashes, coarsest)) return true;
-  if (width > kWidestDashed) return true;
+// Whether the caps of the dashes beside it close a gap: between round ones of width w a gap g
+// leaves a bite g^2 / 4 w deep, which must show by half a pixel.
+bool closesGap(const DeviceStroke& stroke, double width, double gap) {
   if ((stroke.style & PS_ENDCAP_MASK) == PS_ENDCAP_FLAT) return false;
-  double widestGap = 0;
-  for (std::size_t i = 1; i < stroke.dashes.lengths.size(); i += 2)
-    widestGap = std::max(widestGap, stroke.dashes.lengths[i] / coarsest);
-  return widestGap * widestGap < 2 * width;
+  const double pixels = gap / std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
+  return pixels * pixels < 2 * width;
+}
+
+// The pattern as it shows: dashes whose gap is closed become one, and where no gap is left the
+// pattern is solid. This and a limit to the width bound the number of dashes that are stroked.
+// The last gap stands as it is unless all are closed.
+DashPattern shownDashes(const DeviceStroke& stroke, double width) {
+  constexpr double kWidestDashed = 16384;
+  const std::vector<double>& lengths = stroke.dashes.lengths;
+  DashPattern shown;
+  if (width > kWidestDashed) return shown;
+  const double coarsest = std::max(stroke.unitsPerPixelX, stroke.unitsPerPixelY);
+  if (stroke.dashes.isSolid() || isTooFine(stroke.dashes, coarsest)) return shown;
+  bool hasGap = false;
+  double dash = 0;
+  for (std::size_t i = 0; i + 1 < lengths.size(); i += 2) {
+    dash += lengths[i];
+    const bool isClosed = closesGap(stroke, width, lengths[i + 1]);
+    hasGap = hasGap || !isClosed;
+    if (isClosed && i + 2 < lengths.size()) {
+      dash += lengths[i + 1];
+    } else {
+      shown.lengths.push_back(dash);
+      shown.lengths.push_back(lengths[i + 1]);
+      dash = 0;
+    }
+  }
+  shown.period = hasGap ? stroke.dashes.period : 0;
+  return shown;
 }
 
 }  // namespace
@@ -274,10 +315,11 @@ void strokeWidePath(const RasterCall& call, const DeviceStroke& stroke, PixelOp 
   const std::vector<StrokePoint> points = distinctPoints(path, shift);
   SpanPainter painter(call.pixels, call.clip, op, call.mask);
   WideStroker stroker(painter, stroke.style, width);
-  if (points.size() < 2 || looksSolid(stroke, width)) {
+  const DashPattern dashes = shownDashes(stroke, width);
+  if (points.size() < 2 || dashes.isSolid()) {
     stroker.stroke(points, path.closed && points.size() > 2);
   } else {
-    WideDasher(stroker, stroke, call.clip, width).path(points, path);
+    WideDasher(stroker, stroke, dashes, call.clip).path(points, path);
   }
 }
 

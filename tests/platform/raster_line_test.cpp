@@ -241,6 +241,41 @@ TEST(Dashes, GapsUnderAVeryWidePenAreClosedByItsCaps) {
   EXPECT_EQ(canvas.count(kWhite), 256);
 }
 
+// Round caps of width 12 close a gap of 1: the two dashes beside it show as one.
+TEST(Dashes, AGapThatTheCapsCloseIsNoGap) {
+  const std::vector<DWORD> listed = {2, 1, 2, 20, 4, 1};
+  const std::vector<DWORD> shown = {5, 20, 4, 1};
+  std::vector<qdr::Pixel> pictures[2];
+  for (int i = 0; i < 2; ++i) {
+    Canvas canvas(120, 40);
+    const std::vector<DWORD>& lengths = i == 0 ? listed : shown;
+    const LOGBRUSH brush{BS_SOLID, kWhite, 0};
+    CPen pen(PS_GEOMETRIC | PS_USERSTYLE, 12, &brush, static_cast<int>(lengths.size()),
+             lengths.data());
+    canvas.dc.SelectObject(&pen);
+    canvas.dc.MoveTo(10, 10);
+    canvas.dc.LineTo(110, 30);
+    EXPECT_GT(canvas.count(kWhite), 0);
+    EXPECT_GT(canvas.count(0), 40 * 20);
+    pictures[i] = canvas.copy();
+  }
+  EXPECT_EQ(pictures[0], pictures[1]);
+}
+
+// The vertex lies so far above the picture that only the tip of its mitre comes down into it.
+TEST(WideLines, AMitreReachesIntoThePictureFromFarOff) {
+  Canvas canvas(80, 10);
+  const LOGBRUSH brush{BS_SOLID, kWhite, 0};
+  CPen pen(PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER, 20, &brush, 0);
+  canvas.dc.SelectObject(&pen);
+  // The sides meet at 2 atan(1 / 5), so the tip lies 10 / sin(atan(1 / 5)) = 51 below the vertex,
+  // at (39.5, 5.5) for the even width; in row 0 it is 2 * 5.5 / 5 = 2.2 wide.
+  const POINT points[] = {{20, -145}, {40, -45}, {60, -145}};
+  canvas.dc.Polyline(points, 3);
+  EXPECT_EQ(canvas.rows()[0].substr(36, 9), "...##....");
+  EXPECT_EQ(canvas.rows()[8], std::string(80, '.'));
+}
+
 TEST(Dashes, AFinePatternOverAHugeLineCostsOnlyWhatIsSeen) {
   Canvas canvas(16, 16);
   const DWORD lengths[] = {1, 1};
