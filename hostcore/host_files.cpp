@@ -93,8 +93,6 @@ void readInto(CQdrDbDatabase& database, std::string bytes) {
   database.Read(archive);
   archive.Close();
   database.m_pFile = nullptr;
-  database.m_undoHandler.m_undoList.clear();
-  database.m_undoHandler.m_redoList.clear();
   refillRows(database, rows);
   // A new entity that bore the number of a loaded one would not enter its block.
   CQdrDbObject::NextHardID = std::max(CQdrDbObject::NextHardID, qdr::largestNumber(database) + 1);

@@ -54,12 +54,19 @@ class GripDesk : public testing::Test {
     return *desk.handler().trackers().back();
   }
 
-  // Takes the entity out of sight, so that the next one stands alone.
+  // A list owns the buffers of its records: they go with the entities that they name.
+  void forgetSteps() {
+    EntitySet all;
+    for (const CQdrDbObjectId& id : desk.drawing->m_blockTable.getCurrentRecord()->getEntitySet())
+      all.insert(id.getPObject());
+    undo.forgetEntities(all);
+  }
+
+  // Takes the entity out of sight and empties the log, so that the next one stands alone.
   void putAway(CQdrDbEntity* entity) {
     desk.handler().ClearTracker(true);
     entity->setErased();
-    undo.m_undoList.clear();
-    undo.m_redoList.clear();
+    forgetSteps();
   }
 
   CPoint deviceOf(const CQdrGePoint2d& world) { return desk.record().GetDecivePoint(world); }

@@ -124,7 +124,7 @@ TEST_F(GripsOfClasses, EveryGripCanBeDraggedAndTakenBack) {
       EXPECT_TRUE(undo.Undo());
       EXPECT_TRUE(sameShape(*entity, *made(text)));
       EXPECT_TRUE(undo.m_undoList.empty());
-      undo.m_redoList.clear();
+      forgetSteps();
       desk.paint();
     }
     desk.handler().ClearTracker(true);

@@ -4,8 +4,10 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <deque>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <random>
 #include <string>
 #include <utility>
@@ -31,6 +33,13 @@ constexpr int kActionsOfADesk = 25;
 unsigned testSeed() {
   const char* const given = std::getenv("QDR_TEST_SEED");
   return given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : kDefaultSeed;
+}
+
+// A list owns the buffers of its records.
+void dropSteps(std::deque<tagUndoEditEntity>& list) {
+  for (const tagUndoEditEntity& record : list)
+    ::operator delete(record.buffer);
+  list.clear();
 }
 
 // A desk and somebody who hits keys and buttons without looking.
@@ -272,8 +281,9 @@ class Monkey {
   // Erased entities live on beside the drawing, so the log of a drawing that is emptied goes too.
   void clearDrawing() {
     desk.drawing->m_blockTable.getCurrentRecord()->ClearEntity();
-    desk.drawing->m_undoHandler.m_undoList.clear();
-    desk.drawing->m_undoHandler.m_redoList.clear();
+    CQdrUndoHandler& undo = desk.drawing->m_undoHandler;
+    dropSteps(undo.m_undoList);
+    dropSteps(undo.m_redoList);
   }
 
   void deleteOne() {
@@ -361,7 +371,7 @@ TEST(RandomInput, LeavesTheDeskAsItFoundIt) {
     }
     const std::vector<CQdrGePoint2d> done = gripsOf(desk);
     CQdrUndoHandler& undo = desk.drawing->m_undoHandler;
-    undo.m_redoList.clear();
+    dropSteps(undo.m_redoList);
     while (undo.Undo()) {
     }
     while (undo.Redo()) {
