@@ -81,13 +81,13 @@ double monic(const CQdrPolynomial& p, int i) {
   return leading == 1.0 ? p[i] : p[i] / leading;
 }
 
-// Writes center + sign s / 2, then center - sign s / 2, s being the root of `square`: one entry
-// when s is 0, none when `square` is negative.
-void appendPair(double center, double square, double sign, int& count, double* roots) {
+// Writes (base + sign s) / 2 + shift, then the same with the other sign, s being the root of
+// `square`: one entry when s is 0, none when `square` is negative.
+void appendPair(double base, double shift, double square, double sign, int& count, double* roots) {
   if (!(square >= 0.0)) return;
-  const double s = std::sqrt(square);
-  roots[count++] = center + sign * s * 0.5;
-  if (s != 0.0) roots[count++] = center - sign * s * 0.5;
+  const double s = sign * std::sqrt(square);
+  roots[count++] = (base + s) * 0.5 + shift;
+  if (s != 0.0) roots[count++] = (base - s) * 0.5 + shift;
 }
 
 }  // namespace
@@ -184,7 +184,7 @@ bool CQdrPolynomial::RootsDegree2(int& count, double* roots) const {
   const double b = monic(*this, 1);
   const double c = monic(*this, 0);
   const double discriminant = snapToZero(b * b - 4.0 * c);
-  appendPair(-b * 0.5, discriminant, -1.0, count, roots);
+  appendPair(-b, 0.0, discriminant, -1.0, count, roots);
   return true;
 }
 
@@ -246,8 +246,8 @@ bool CQdrPolynomial::RootsDegree4(int& count, double* roots) const {
     const double r = std::sqrt(square);
     const double common = e * e * 0.75 - square - 2.0 * c;
     const double split = (4.0 * e * c - 8.0 * b - e * e * e) / (4.0 * r);
-    appendPair(r * 0.5 + h, snapToZero(common + split), 1.0, count, roots);
-    appendPair(h - r * 0.5, snapToZero(common - split), 1.0, count, roots);
+    appendPair(r, h, snapToZero(common + split), 1.0, count, roots);
+    appendPair(-r, h, snapToZero(common - split), 1.0, count, roots);
   } else if (square == 0.0) {
     const double inner = y * y - 4.0 * a;
     if (!(inner >= -ZERO_TOLERANCE)) return true;
@@ -256,7 +256,7 @@ bool CQdrPolynomial::RootsDegree4(int& count, double* roots) const {
     const double common = e * e * 0.75 - 2.0 * c;
     const double outerSquare = common + 2.0 * m;
     const double innerSquare = common - 2.0 * m;
-    if (outerSquare >= ZERO_TOLERANCE) appendPair(h, outerSquare, 1.0, count, roots);
+    if (outerSquare >= ZERO_TOLERANCE) appendPair(0.0, h, outerSquare, 1.0, count, roots);
     if (innerSquare >= ZERO_TOLERANCE) {
       // The inner pair is written as its plus root twice; the count is that of the true roots.
       const double root = h + std::sqrt(innerSquare) * 0.5;
