@@ -39,6 +39,12 @@ CQdrGeCSpline2d cubicSpline(const std::vector<CQdrGePoint2d>& points) {
   return spline;
 }
 
+CQdrGeCSpline2d closedCubicSpline(const std::vector<CQdrGePoint2d>& points) {
+  CQdrGeCSpline2d spline = cubicSpline(points);
+  spline.setClosed(true);
+  return spline;
+}
+
 std::vector<CurveCase> curveCases() {
   return {
       {"line", owned(lineOf(-4, 1, 7, 9)), {}},
@@ -69,6 +75,10 @@ std::vector<CurveCase> curveCases() {
       {"spline", owned(CQdrGeSpline({{0, 0}, {6, 0}, {6, 5}, {12, 7}})), {kNotNearest}},
       // A turned or scaled curve is sampled at other places.
       {"cubic spline", owned(cubicSpline({{0, 0}, {6, 1}, {6, 5}, {12, 7}})), {}, 1e-3},
+      {"closed cubic spline",
+       owned(closedCubicSpline({{0, 0}, {9, -2}, {12, 6}, {3, 8}})),
+       {},
+       1e-3},
       {"spiral", owned(CQdrGeSpiral(24, {1, 2}, 8, 2, 3, 0.5)), {}},
       {"rectangle", owned(CQdrGeRect2d({1, 2}, 7, 4, 0.3)), {}},
       {"polyline with arcs both ways",
