@@ -33,6 +33,9 @@ bool isDbEntity(const CQdrDbEntity& entity);
 /// Marks an entity as a member of the drawing; true also fills its grips.
 void setDbEntity(CQdrDbEntity& entity, bool member);
 
+/// Brings grips and box up to date with the geometry.
+void refreshGrips(CQdrDbEntity& entity);
+
 // The records an entity uses.
 CQdrDbObjectId layerIdOf(const CQdrDbEntity& entity);
 CQdrDbObjectId linetypeIdOf(const CQdrDbEntity& entity);

@@ -77,6 +77,10 @@ void setDbEntity(CQdrDbEntity& entity, bool member) {
   entity.SetDbEntity(member);
 }
 
+void refreshGrips(CQdrDbEntity& entity) {
+  entity.setGripPoints();
+}
+
 CQdrDbObjectId layerIdOf(const CQdrDbEntity& entity) {
   return entity.LayerId();
 }

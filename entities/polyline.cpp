@@ -4,6 +4,7 @@
 #include <climits>
 #include <cmath>
 
+#include "database/database.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/internal/curve_crossings.h"
@@ -204,8 +205,10 @@ bool CQdrDbPolyline::intersectWith(const CQdrGeLine2d& line, int& count,
 }
 
 bool CQdrDbPolyline::changed(bool done) {
-  if (done) setGripPoints();
-  return done;
+  if (!done) return false;
+  const bool later = IsDbEntity() && m_database && m_database->m_undoHandler.refreshLater(*this);
+  if (!later) setGripPoints();
+  return true;
 }
 
 void CQdrDbPolyline::Reverse() {

@@ -173,7 +173,8 @@ class QDR_API CQdrDbPolyline : public CQdrDbCurve {
   const CQdrGePolyline2d& geometry() const { return m_polyline; }
 
  private:
-  /// Refreshes the grips after an operation that succeeded; passes its answer on.
+  /// Refreshes the grips after an operation that succeeded, while the log plays after its last step
+  /// on this polyline; passes the answer on.
   bool changed(bool done);
   /// Fillet without the grips.
   bool filletCorner(int segment, double place, double radius);

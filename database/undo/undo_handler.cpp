@@ -143,6 +143,18 @@ bool CQdrUndoHandler::playCurrent(bool redo) {
   return playAs(m_current.classType, redo);
 }
 
+bool CQdrUndoHandler::refreshLater(CQdrDbEntity& entity) {
+  if (!m_undoing && !m_redoing) return false;
+  if (m_stale != &entity) refreshStale();
+  m_stale = &entity;
+  return true;
+}
+
+void CQdrUndoHandler::refreshStale() {
+  if (m_stale) qdr::refreshGrips(*m_stale);
+  m_stale = nullptr;
+}
+
 // The drawing is that of the last record played.
 void CQdrUndoHandler::invalidateView() {
   if (CQdrDbDatabase* database = m_current.entityId.database()) database->invalidateView();
@@ -163,6 +175,7 @@ bool CQdrUndoHandler::Undo() {
       AddRedo();
     }
   } while (done && (m_current.continued != 0 || inGroup) && !m_undoList.empty());
+  refreshStale();
   invalidateView();
   return done;
 }
@@ -183,6 +196,7 @@ bool CQdrUndoHandler::Redo() {
       if (!m_redoList.empty()) m_current = m_redoList.front();
     }
   } while (done && (m_current.continued != 0 || inGroup) && !m_redoList.empty());
+  refreshStale();
   invalidateView();
   return done;
 }

@@ -45,6 +45,11 @@ class QDR_API CQdrUndoHandler {
   /// whether to go on, so a batch whose oldest record holds 0 comes back whole.
   bool Redo();
 
+  /// Puts off the refresh of an entity that a step has changed until the steps on it are over, so
+  /// that a long run of steps on one polyline does not build its grips anew with each of them.
+  /// False, with nothing done, when neither an undo nor a redo runs.
+  bool refreshLater(CQdrDbEntity& entity);
+
   /// Drops records, newest first, down to and with the first command mark (code 3), without
   /// playing them and without freeing their buffers. Answers how many.
   std::size_t UndoPop();
@@ -114,5 +119,8 @@ class QDR_API CQdrUndoHandler {
   bool makeUndo(QdrDb::ClassType type);
   bool playAs(QdrDb::ClassType type, bool redo);
   bool playCurrent(bool redo);
+  void refreshStale();
   void invalidateView();
+
+  CQdrDbEntity* m_stale = nullptr;  ///< waits for its refresh while an undo or redo runs
 };

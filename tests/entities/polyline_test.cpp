@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <memory>
 
+#include "database/undo/undo_operations.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/drawn_box.h"
@@ -49,6 +51,17 @@ std::string verticesOf(const CQdrDbPolyline& polyline) {
   return text;
 }
 
+// Grips and box are those of a copy, which makes its own.
+void expectFreshGrips(CQdrDbPolyline& polyline, const char* row) {
+  CQdrDbPolyline copy(polyline);
+  std::vector<CQdrGePoint2d>* grips = nullptr;
+  std::vector<CQdrGePoint2d>* fresh = nullptr;
+  polyline.getGripPointVec(grips);
+  copy.getGripPointVec(fresh);
+  EXPECT_TRUE(std::ranges::equal(*grips, *fresh)) << row;
+  EXPECT_TRUE(*polyline.GetEntityRect() == *copy.GetEntityRect()) << row;
+}
+
 class Polyline : public testing::Test {
  protected:
   std::vector<CQdrDbEntity*> addAll(const std::vector<const char*>& texts) {
@@ -72,8 +85,10 @@ class Polyline : public testing::Test {
     for (int round = 0; round < 2; ++round) {
       EXPECT_TRUE(m_undo.Undo()) << row;
       EXPECT_EQ(bytesOf(polyline), before) << row << ", undo " << round;
+      expectFreshGrips(polyline, row);
       EXPECT_TRUE(m_undo.Redo()) << row;
       EXPECT_EQ(bytesOf(polyline), after) << row << ", redo " << round;
+      expectFreshGrips(polyline, row);
     }
   }
 
@@ -310,6 +325,24 @@ TEST_F(Polyline, FilletsAllCornersInOneStep) {
   expectEdit(*square, before, true, "2,0 8,0@90 10,2 10,8@90 8,10 2,10@90 0,8 0,2@90", "square");
   auto* corner = addAs<CQdrDbPolyline>(m_database, kCorner);
   EXPECT_EQ(corner->Fillet(2.0), 1);
+}
+
+TEST_F(Polyline, TheLogRefreshesEveryOneThatItPlays) {
+  CQdrDbPolyline* const two[] = {addAs<CQdrDbPolyline>(m_database, kSquare),
+                                 addAs<CQdrDbPolyline>(m_database, kCorner)};
+  for (const int step : {0, 1, 2, 3}) {
+    tagUndoEditEntity record;
+    record.continued = step == 0 ? 0 : 1;
+    record.operation = qdr::kUndoVertex;
+    record.entityId = two[step % 2]->objectId();
+    record.index = step;
+    record.point = {20.0 + step, 30.0};
+    m_undo.AddUndo(record);
+  }
+  EXPECT_TRUE(m_undo.Undo());
+  for (CQdrDbPolyline* polyline : two)
+    expectFreshGrips(*polyline, "after one undo of both");
+  EXPECT_EQ(verticesOf(*two[0]), "20,30 10,0 22,30 0,10");
 }
 
 TEST_F(Polyline, TellsWhatTakesAFillet) {
