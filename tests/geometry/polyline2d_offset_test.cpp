@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "geometry/internal/chain_join.h"
+#include "geometry/internal/near_points.h"
 #include "geometry/internal/raw_offset.h"
 #include "geometry/polyline2d.h"
 #include "tests/geometry/polyline_support.h"
@@ -128,6 +129,44 @@ std::vector<OffsetCase> offsetCases() {
        1,
        {{{0, 1}, {5, 1}, {10, 1}}}},
       {"nothing between the strokes of a spike", spike, {5, 0.01}, 1, {}},
+      // The distance about the half circle ends in a circle of radius 2.5: x = 5 -+ 2 at y = 1.5.
+      {"an arc that refuses the distance leaves what lies beyond it",
+       chainOf({{0, 0}, {4, 0, -1}, {6, 0}, {10, 0}}),
+       {1, 1},
+       1.5,
+       {{{0, 1.5}, {3, 1.5}}, {{7, 1.5}, {10, 1.5}}}},
+      {"both ends refuse the distance",
+       chainOf({{0, 0}, {10, 0, 1}, {10, 2}, {0, 2, 1}}, true),
+       {5, -1},
+       1,
+       {{{0, -1}, {10, -1}}, {{10, 3}, {0, 3}}}},
+      {"a straight step through an exact turn takes nothing with it",
+       chainOf({{0, 0}, {10, 0}, {4, 0}}),
+       {2, 1},
+       1,
+       {{{0, 1}, {4, 1}, {10, 1}}, {{10, -1}, {4, -1}}}},
+      {"sharp corners that run over one another over a notch",
+       chainOf({{0, 0}, {8, 0}, {8.3, 0.3}, {8.6, 0}, {12, 0}}),
+       {2, -1},
+       1,
+       {{{0, -1}, {8.6 - std::tan(kPi / 8), -1}, {8 + std::tan(kPi / 8), -1}, {12, -1}}}},
+      {"teeth of one height are one line above their slots",
+       chainOf({{0, 0},
+                {14, 0},
+                {14, 6},
+                {12, 6},
+                {12, 2},
+                {11, 2},
+                {11, 6},
+                {3, 6},
+                {3, 2},
+                {2, 2},
+                {2, 6},
+                {0, 6}},
+               true),
+       {5, -1},
+       1,
+       {{{-1, -1}, {15, -1}, {15, 7}, {12, 7}, {11, 7}, {3, 7}, {2, 7}, {-1, 7}, {-1, -1}}}},
       {"no vertex", Chain(), {5, 0.01}, 1, {}},
       {"one vertex", chainOf({{3, 3}}), {5, 0}, 1, {}},
   };
@@ -218,7 +257,8 @@ TEST(Polyline2dOffset, ConvexAreasByTheClosedForm) {
     // Vertices on a circle make a convex polygon; bulging sides keep it convex enough for the
     // outline of a circle when all belong to it.
     const int count = 3 + row % 12;
-    const double radius = 5 + 5 * unit(random);
+    const double scale = std::vector<double>{1, 1e3, 1e6}[row / 3 % 3];
+    const double radius = (5 + 5 * unit(random)) * scale;
     std::vector<double> angles;
     for (int i = 0; i < count; ++i)
       angles.push_back(2 * kPi * (i + 0.8 * unit(random)) / count);
@@ -229,15 +269,18 @@ TEST(Polyline2dOffset, ConvexAreasByTheClosedForm) {
       const double bulge = isCircle ? std::tan((next - angles[i]) / 4) : 0.0;
       vertices.push_back({radius * std::cos(angles[i]), radius * std::sin(angles[i]), bulge});
     }
-    const double dist = 0.05 + 0.2 * unit(random);
-    const double reach = isCircle ? 1.5 * radius : radius * std::cos((angles[1] - angles[0]) / 2);
+    const double dist = (0.05 + 0.2 * unit(random)) * scale;
+    const bool isInward = isCircle && row % 2 == 0;
+    const double edge = radius * (isCircle ? 1.0 : std::cos((angles[1] - angles[0]) / 2));
+    const double reach = edge + (isInward ? -0.01 : 0.01) * scale;
     const double middle = (angles[0] + angles[1]) / 2;
-    const CQdrGePoint2d outside((reach + 0.01) * std::cos(middle),
-                                (reach + 0.01) * std::sin(middle));
-    const OwnedPieces pieces = offsetOf(chainOf(vertices, true), outside, dist);
+    const CQdrGePoint2d side(reach * std::cos(middle), reach * std::sin(middle));
+    const OwnedPieces pieces = offsetOf(chainOf(vertices, true), side, dist);
     ASSERT_EQ(pieces.size(), 1u) << row;
+    EXPECT_TRUE(pieces[0].closed()) << row;
     // Sharp corners: area + perimeter d + sum of tan(turn / 2) d^2.
-    double expected = kPi * (radius + dist) * (radius + dist);
+    const double circle = radius + (isInward ? -dist : dist);
+    double expected = kPi * circle * circle;
     if (!isCircle) {
       expected = enclosedArea(chainOf(vertices, true));
       for (int i = 0; i < count; ++i) {
@@ -323,6 +366,74 @@ double leastDistance(const OwnedPieces& pieces, const Chain& source) {
   return least;
 }
 
+/// A source whose offset is told segment by segment: a segment moved sideways belongs to the
+/// border wherever it keeps the distance from all the others.
+struct MovedSegments {
+  MovedSegments(const Chain& source, double dist, int direction)
+      : sources(segmentsOfChain(source)), distance(dist), side(direction) {
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+      const CQdrGePoint2d p = sources[i].at(1.0 - 1e-6);
+      const CQdrGePoint2d v = sources[i].at(1.0);
+      const CQdrGePoint2d q = sources[(i + 1) % sources.size()].at(1e-6);
+      const double turn = std::remainder(
+          std::atan2(q.y - v.y, q.x - v.x) - std::atan2(v.y - p.y, v.x - p.x), 2 * kPi);
+      corners.push_back(dist / std::cos(turn / 2));
+    }
+  }
+
+  CQdrGePoint2d placeAt(std::size_t i, double t) const {
+    const CQdrGePoint2d p = sources[i].at(t);
+    const CQdrGePoint2d ahead = sources[i].at(t + 1e-6);
+    const double size = std::hypot(ahead.x - p.x, ahead.y - p.y);
+    const double reach = distance * side / size;
+    return {p.x - (ahead.y - p.y) * reach, p.y + (ahead.x - p.x) * reach};
+  }
+
+  bool isBorder(std::size_t i, double t) const {
+    const double radius = sources[i].radius();
+    if (radius > 0.0 && radius <= distance) return false;
+    const CQdrGePoint2d p = placeAt(i, t);
+    for (std::size_t j = 0; j < sources.size(); ++j) {
+      const CQdrGePoint2d v = sources[j].at(1.0);
+      if (j != i && (j + 1) % sources.size() != i && std::hypot(p.x - v.x, p.y - v.y) < corners[j])
+        return false;
+    }
+    return std::all_of(sources.begin(), sources.end(), [&](const SampledSegment& source) {
+      return source.distanceTo(p) >= distance - 1e-4;
+    });
+  }
+
+  std::vector<SampledSegment> sources;
+  std::vector<double> corners;  // how far a sharp corner reaches from the end of each segment
+  double distance;
+  int side;
+};
+
+/// Places of the border that none of the pieces passes. Crossings within 0.05 of a vertex need not
+/// cut: a place counts when the border goes on about it for a good while longer.
+int countLostPlaces(const MovedSegments& moved, const OwnedPieces& pieces) {
+  std::vector<SampledSegment> kept;
+  for (const auto& piece : pieces) {
+    for (const SampledSegment& segment : segmentsOfChain(*piece))
+      kept.push_back(segment);
+  }
+  int lost = 0;
+  for (std::size_t i = 0; i < moved.sources.size(); ++i) {
+    for (int k = 2; k <= 38; ++k) {
+      bool isInside = true;
+      for (int step = -2; step <= 2; ++step)
+        isInside = isInside && moved.isBorder(i, (k + step) / 40.0);
+      if (!isInside) continue;
+      const CQdrGePoint2d place = moved.placeAt(i, k / 40.0);
+      const bool isPassed = std::any_of(kept.begin(), kept.end(), [&](const SampledSegment& s) {
+        return s.distanceTo(place) < 1e-3;
+      });
+      lost += isPassed ? 0 : 1;
+    }
+  }
+  return lost;
+}
+
 bool haveEqualBits(const std::vector<double>& a, const std::vector<double>& b) {
   return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0;
 }
@@ -340,6 +451,69 @@ TEST(Polyline2dOffset, NoPlaceOfAPieceIsNearerThanTheDistance) {
     ASSERT_GE(leastDistance(pieces, source), shape.dist - kPlay - slack) << "seed " << seed;
   }
   EXPECT_GT(piecesSeen, kShapes) << "the shapes have to put the rule to the test";
+}
+
+TEST(Polyline2dOffset, NothingOfTheBorderIsLost) {
+  int lineShapes = 0;
+  int arcShapes = 0;
+  int arcShapesThatLose = 0;
+  for (unsigned seed = 1; seed <= 3000; ++seed) {
+    const RandomShape shape(seed);
+    // The raw offset of an arc above a half circle may be joined on its far side.
+    const bool isTurnedFar =
+        std::any_of(shape.vertices.begin(), shape.vertices.end(),
+                    [](const BulgeVertex& v) { return std::abs(v.bulge) > 1.0; });
+    if (shape.scale > 1.0 || shape.shift > 0.0 || isTurnedFar) continue;
+    Chain source = chainOf(shape.vertices, shape.isClosed);
+    const int direction = source.getoffsetDirection(shape.side, 0);
+    const MovedSegments moved(source, shape.dist, direction);
+    const int lost = countLostPlaces(moved, offsetOf(source, shape.side, shape.dist));
+    const bool hasArcs = !source.isOnlyLines();
+    (hasArcs ? arcShapes : lineShapes) += 1;
+    if (hasArcs) arcShapesThatLose += lost > 0 ? 1 : 0;
+    if (!hasArcs) {
+      EXPECT_EQ(lost, 0) << "seed " << seed;
+    }
+  }
+  EXPECT_GT(lineShapes, 300);
+  EXPECT_GT(arcShapes, 300);
+  // A raw offset joined on the far side of an arc runs over it backward and lacks it.
+  EXPECT_LE(arcShapesThatLose, arcShapes / 50);
+}
+
+TEST(Polyline2dOffset, ChordsThatCrossManyTimesLoseNothing) {
+  // Near each segment lie more than those that a part is compared with one by one.
+  for (const double bulge : {0.0, 0.2}) {
+    RandomShape numbers(7);
+    Vertices vertices;
+    for (int i = 0; i < 120; ++i)
+      vertices.push_back({numbers.between(0, 100), numbers.between(0, 100), bulge});
+    const Chain source = chainOf(vertices);
+    const OwnedPieces pieces = offsetOf(source, {50, 50}, 0.3);
+    EXPECT_GT(pieces.size(), 500u);
+    EXPECT_GE(leastDistance(pieces, source), 0.3 - kPlay - 1e-9);
+    const MovedSegments moved(source, 0.3, source.getoffsetDirection({50, 50}, 0));
+    EXPECT_EQ(countLostPlaces(moved, pieces), 0);
+  }
+}
+
+TEST(Polyline2dOffset, NearPointsAreThoseOfThePlainLoop) {
+  RandomShape numbers(3);
+  std::vector<qdr::Vec> points;
+  for (int i = 0; i < 2000; ++i)
+    points.push_back(
+        {numbers.between(-0.02, 0.02), i % 3 == 0 ? 0.0 : numbers.between(-0.02, 0.02)});
+  const qdr::NearPoints near(points);
+  for (std::size_t i = 0; i < points.size(); i += 7) {
+    std::vector<std::size_t> found;
+    near.forEachNear(points[i], [&](std::size_t k) { found.push_back(k); });
+    std::sort(found.begin(), found.end());
+    std::vector<std::size_t> expected;
+    for (std::size_t k = 0; k < points.size(); ++k) {
+      if (qdr::distance(points[i], points[k]) < kPlay) expected.push_back(k);
+    }
+    EXPECT_EQ(found, expected) << i;
+  }
 }
 
 TEST(Polyline2dOffset, AFailedOffsetLeavesEveryBit) {
@@ -363,22 +537,34 @@ TEST(Polyline2dOffset, AFailedOffsetLeavesEveryBit) {
 }
 
 TEST(Polyline2dOffset, StartVertexAndTravelDoNotChangeTheLength) {
-  const Vertices figure = {{0, 0}, {12, 0, 0.4}, {12, 9}, {7, 9}, {6, 3, -0.3}, {4, 9}, {0, 9}};
-  const CQdrGePoint2d side(6, 1);
-  const auto keptLength = [&](const Chain& chain) {
-    double sum = 0.0;
-    for (const auto& piece : offsetOf(chain, side, 1.25))
-      sum += piece->length();
-    return sum;
+  struct Row {
+    const char* name;
+    Vertices figure;
+    CQdrGePoint2d side;
   };
-  const double expected = keptLength(chainOf(figure, true));
-  ASSERT_GT(expected, 10);
-  for (int start = 0; start < static_cast<int>(figure.size()); ++start) {
-    Chain chain = chainOf(figure, true);
-    chain.changeStart(start);
-    EXPECT_NEAR(keptLength(chain), expected, 1e-9) << start;
-    chain.reverse();
-    EXPECT_NEAR(keptLength(chain), expected, 1e-9) << start << " reversed";
+  for (const Row& row : std::vector<Row>{
+           {"pieces",
+            {{0, 0}, {12, 0, 0.4}, {12, 9}, {7, 9}, {6, 3, -0.3}, {4, 9}, {0, 9}},
+            {6, 1}},
+           {"an arc refuses", {{0, 0}, {4, 0, -1}, {6, 0}, {10, 0}, {10, 8}, {0, 8}}, {2, 1}},
+           {"corners run over one another",
+            {{0, 0}, {9, 0}, {9, 6}, {6, 6}, {6, 2}, {5, 2}, {5, 6}, {0, 6}},
+            {5, -1}}}) {
+    const auto keptLength = [&](const Chain& chain) {
+      double sum = 0.0;
+      for (const auto& piece : offsetOf(chain, row.side, 1.25))
+        sum += piece->length();
+      return sum;
+    };
+    const double expected = keptLength(chainOf(row.figure, true));
+    ASSERT_GT(expected, 10) << row.name;
+    for (int start = 0; start < static_cast<int>(row.figure.size()); ++start) {
+      Chain chain = chainOf(row.figure, true);
+      chain.changeStart(start);
+      EXPECT_NEAR(keptLength(chain), expected, 1e-9) << row.name << " from " << start;
+      chain.reverse();
+      EXPECT_NEAR(keptLength(chain), expected, 1e-9) << row.name << " back from " << start;
+    }
   }
 }
 

@@ -55,6 +55,9 @@ class SampledSegment {
     m_from = std::atan2(m_start.y - m_center.y, m_start.x - m_center.x);
   }
 
+  /// 0 of a line.
+  double radius() const { return m_radius; }
+
   CQdrGePoint2d at(double t) const {
     if (!m_isArc)
       return {m_start.x + (m_end.x - m_start.x) * t, m_start.y + (m_end.y - m_start.y) * t};
