@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <random>
 #include <vector>
 
 #include "geometry/angle.h"
@@ -80,6 +81,18 @@ Shape spiralBand(int n) {
   return shape;
 }
 
+/// An open chain of random chords of a square of side 100: about n * n / 9 crossings.
+Shape chords(int n) {
+  std::mt19937 random(5);
+  std::uniform_real_distribution<double> place(0.0, 100.0);
+  Shape shape;
+  for (int k = 0; k < n; ++k) {
+    const double x = place(random);
+    shape.polyline.appendVertex({x, place(random)});
+  }
+  return shape;
+}
+
 using Maker = Shape (*)(int);
 
 void withArcs(CQdrGePolyline2d& polyline) {
@@ -118,5 +131,12 @@ QDR_OFFSET(comb_pieces, comb, 1.3);
 QDR_OFFSET(sawtooth_far, sawtooth, 3.0);
 QDR_OFFSET(spiral_near, spiralBand, 0.5);
 QDR_OFFSET(spiral_far, spiralBand, 1.2);
+
+void crossingSizes(benchmark::internal::Benchmark* bench) {
+  bench->Arg(100)->Arg(300)->Arg(1000)->Arg(3000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK_CAPTURE(offsetShape, chords_lines, chords, 0.1, false)->Apply(crossingSizes);
+BENCHMARK_CAPTURE(offsetShape, chords_arcs, chords, 0.1, true)->Apply(crossingSizes);
 
 }  // namespace

@@ -43,7 +43,7 @@ draw sawtooth 0 1.5 -s left --both '0,0 2,5 3,0 5,5 6,0 8,5 9,0 11,5 12,0'
 draw spiral_band 0 0.7 -s left '1,0(1) -1,0(1) 3,0(1) -3,0(1) 5,0(1) -5,0(1) 7,0(1) -7,0'
 draw eight 0 1 -s left --both '0,0 6,4(-1.5) 6,-4 0,0 -6,4(1.5) -6,-4 close'
 draw swallowed_arc 0 1.5 -s left '0,0 4,0(1) 6,0 10,0'
-draw small_arc_outward 1 1.5 -s left '0,0 4,0(-1) 6,0 10,0'
+draw small_arc_outward 0 1.5 -s left '0,0 4,0(-1) 6,0 10,0'
 draw touching_arms 0 1 -s left --both '0,6 0,0 2,0 2,6 5,6 5,0 6.9,0 6.9,6'
 draw dumbbell 0 1 -s left '0,0 6,0 6,2.2 10,2.2 10,0 16,0 16,6 10,6 10,3.8 6,3.8 6,6 0,6 close'
 draw collapsing 1 4.1 -s left "$star"

@@ -26,6 +26,9 @@ struct OffsetClip {
 /// less 0.002 away from the source. Crossings within 0.05 of a vertex of the raw offset cut nothing
 /// at first; when a part has fallen they are tried too, and the result that keeps more length is
 /// taken.
+///
+/// Near the gaps of the raw offsets parts that have fallen are cut again, at the exact border
+/// (keptOfFallen), and what runs over an earlier part is dropped (withoutRepeats).
 std::vector<VertexChain> clippedOffset(const OffsetClip& clip);
 
 }  // namespace qdr
