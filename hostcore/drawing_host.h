@@ -168,6 +168,7 @@ class QDR_API DrawingHost {
   void addMade(CQdrDbEntity& entity);
   void closeLine(unsigned number);
   bool isOnGrip(CPoint point);
+  std::size_t steps();
   void dropGripsOfErased();
   HostAnswer playLog(bool redo);
 

@@ -177,6 +177,11 @@ void DrawingHost::onCharacter(unsigned character, unsigned repeats, unsigned fla
   });
 }
 
+// What grips do is logged, so a longer log tells of a change.
+std::size_t DrawingHost::steps() {
+  return database().m_undoHandler.m_undoList.size();
+}
+
 bool DrawingHost::isOnGrip(CPoint point) {
   const auto& trackers = handler().trackers();
   return std::any_of(trackers.begin(), trackers.end(), [point](CQdrDbEntityTracker* tracker) {
@@ -188,8 +193,9 @@ void DrawingHost::onLeftDown(CPoint point) {
   if (isBusy()) return;
   guarded([&] {
     if (isOnGrip(point)) {
+      const std::size_t before = steps();
       handler().TrackTracker(m_view.get(), point);
-      m_drawing->modified = true;
+      if (steps() != before) setModified();
       repaint();
       return;
     }
@@ -206,8 +212,9 @@ void DrawingHost::onRightDown(CPoint point) {
         trackers.begin(), trackers.end(),
         [point](CQdrDbEntityTracker* tracker) { return tracker->HitTest(point) >= 0; });
     if (hit == trackers.end()) return;
+    const std::size_t before = steps();
     (*hit)->TrackMenu(m_view.get(), point);
-    m_drawing->modified = true;
+    if (steps() != before) setModified();
     dropGripsOfErased();
     repaint();
   });

@@ -223,6 +223,14 @@ TEST_F(HostTest, AFailedSaveSaysWhyAndStaysUnsaved) {
   EXPECT_EQ(host().path(), qdr::fromUtf8(drawing));
 }
 
+TEST_F(HostTest, OnlyADragThatChangesSomethingCountsAsUnsaved) {
+  play(".window 0,0 400,300\ncircle\n50,50\n20\n.pick 70,50\n.save " + temporary("grips.kov"));
+  play(".pick 70,50\n.press 70,50\n.move 80,50\n.key esc\n.menu 0\n.rclick 70,50\n");
+  EXPECT_FALSE(host().isModified());
+  play(".drag 70,50 80,50\n.expect entity circle Radius=30\n");
+  EXPECT_TRUE(host().isModified());
+}
+
 TEST_F(HostTest, RefusesWhileACommandRuns) {
   m_stage.script().click(50, 50).call([this] {
     EXPECT_TRUE(host().isBusy());
