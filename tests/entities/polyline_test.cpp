@@ -375,6 +375,20 @@ TEST_F(Polyline, TellsWhatTakesAFillet) {
     EXPECT_NEAR(std::cos(fillet.startAng() - qdr::toRadians(row.startDegrees)), 1, 1e-9)
         << row.name;
   }
+  // The corners of FilletsOneCorner, given as curves.
+  CQdrGeCircArc2d fillet;
+  int side = 0;
+  const CQdrGeCircArc2d over({5, 0}, 5, 0, qdr::kPi);
+  const CQdrGeLine2d toOrigin(CQdrGePoint2d(-10, 0), CQdrGePoint2d(0, 0));
+  EXPECT_TRUE(CQdrDbPolyline::IsFilletable(toOrigin, over, 2.4, fillet, side));
+  EXPECT_LT(fillet.center().distanceTo({-2, 2.4}), 1e-9);
+  EXPECT_EQ(side, 1);
+  const CQdrGeCircArc2d below({0, 5}, 5, qdr::kPi, 1.5 * qdr::kPi);
+  const CQdrGeCircArc2d above({-5, 0}, 5, 0, qdr::kHalfPi);
+  EXPECT_TRUE(CQdrDbPolyline::IsFilletable(below, above, 1, fillet, side));
+  EXPECT_LT(fillet.center().distanceTo({-1.17712, 1.17712}), 1e-5);
+  EXPECT_EQ(side, 1);
+  EXPECT_FALSE(CQdrDbPolyline::IsFilletable(below, above, 5, fillet, side));
 }
 
 TEST_F(Polyline, DividesASegment) {
