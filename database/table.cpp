@@ -40,9 +40,8 @@ void CQdrDbTable::deleteRecords() {
   for (const auto& [name, id] : m_records)
     records.push_back(id.getPObject());
   m_records.clear();
-  std::ranges::sort(records, std::less<CQdrDbObject*>());
-  const auto repeated = std::ranges::unique(records);
-  records.erase(repeated.begin(), repeated.end());
+  std::sort(records.begin(), records.end(), std::less<CQdrDbObject*>());
+  records.erase(std::unique(records.begin(), records.end()), records.end());
   for (CQdrDbObject* record : records)
     delete record;
 }
