@@ -17,10 +17,10 @@ namespace qdr {
 ///
 /// The boxes follow each other along a Hilbert curve (Kamel, Faloutsos: Hilbert R-tree, 1994),
 /// kFan of them under one node. A node keeps the sides of its boxes as 16-bit cells of a frame of
-/// its own, 16 a side, so that one node is four lines of cache and all its boxes are tested at
-/// once. The same non-decreasing function takes a side of a box and a side of the area to its
-/// cell. Cells in strict order therefore prove the order of the sides; only equal cells leave it
-/// open, and then the owner of the boxes looks at the boxes themselves.
+/// its own, so that it fills few lines of cache and all its boxes are tested at once. The same
+/// non-decreasing function takes a side of a box and a side of the area to its cell. Cells in
+/// strict order therefore prove the order of the sides; only equal cells leave it open, and then
+/// the owner of the boxes looks at the boxes themselves.
 class QDR_API BoxTree {
  public:
   /// Boxes under one node.
