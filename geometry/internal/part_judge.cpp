@@ -8,7 +8,7 @@ namespace qdr {
 namespace {
 
 /// From how many near source segments on a part asks only those that can reach it.
-constexpr std::size_t kManyNear = 32;
+constexpr std::size_t kManyNear = 128;
 
 }  // namespace
 

@@ -143,14 +143,30 @@ class PartWriter {
     if (!(turn > 0.0) || part.connectorBulge != 0.0) m_gaps->push_back(boxOfPoint(follower.vertex));
   }
 
+  /// An arc run over backward is missing; parts of one that is long and nearly flat are lines.
+  static bool isLacking(const OffsetPart& part, double bulge) {
+    constexpr double kLongChord = 2.0 * kJoinTolerance / kBulgeTolerance;
+    const bool isFlat = std::abs(bulge) < 2.0 * kBulgeTolerance;
+    return bulge * part.segment.bulge < 0.0 ||
+           (isFlat && !isWithin(part.segment.start, part.segment.end, kLongChord));
+  }
+
+  Box sourceBoxOf(const TravelSegment& moved) const {
+    const double shift = m_request.distance * m_request.direction;
+    const double ratio = 1.0 + (moved.bulge > 0.0 ? shift : -shift) / moved.radius;
+    TravelSegment source = moved;
+    source.radius *= ratio;
+    source.start = moved.center + (moved.start - moved.center) * ratio;
+    source.end = moved.center + (moved.end - moved.center) * ratio;
+    return source.box();
+  }
+
   void write(const OffsetPart& part) {
     if (m_raw.size() == 0) m_first = part;
     const double bulge = part.bulge();
     m_raw.add(part.from, bulge);
-    // A part of an arc that is nearly flat is a line.
-    const bool isFlat = part.segment.isArc() && std::abs(bulge) < 2.0 * kBulgeTolerance;
-    if (m_gaps && (isFlat || bulge * part.segment.bulge < 0.0))
-      m_gaps->push_back(part.segment.box().inflated(m_request.distance));
+    if (m_gaps && part.segment.isArc() && isLacking(part, bulge))
+      m_gaps->push_back(sourceBoxOf(part.segment));
     if (part.hasConnector) m_raw.add(part.to, part.connectorBulge);
   }
 
