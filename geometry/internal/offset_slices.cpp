@@ -16,7 +16,10 @@ namespace {
 /// Collects slices on the way along the raw offset and parts those that have fallen.
 class SliceCollector {
  public:
-  explicit SliceCollector(const OffsetCurve& curve) : m_curve(curve), m_from(curve.start()) {}
+  enum class Fallen { forgotten, recorded };
+
+  SliceCollector(const OffsetCurve& curve, Fallen fallen)
+      : m_curve(curve), m_use(fallen), m_from(curve.start()) {}
 
   bool hasFallen() const { return m_hasFallen; }
   void fall() { m_hasFallen = true; }
@@ -24,14 +27,19 @@ class SliceCollector {
 
   const std::vector<Slice>& kept() const { return m_kept; }
   const std::vector<Slice>& fallen() const { return m_fallen; }
+  bool hasLost() const { return m_hasLost; }
   double keptLength() const;
 
  private:
   bool isEmptyUpTo(const RawPlace& place) const;
 
+  void endSlice(const Slice& slice);
+
   const OffsetCurve& m_curve;
+  Fallen m_use;
   RawPlace m_from;
   bool m_hasFallen = false;
+  bool m_hasLost = false;
   std::vector<Slice> m_kept;
   std::vector<Slice> m_fallen;
 };
@@ -47,9 +55,18 @@ bool SliceCollector::isEmptyUpTo(const RawPlace& place) const {
   return isEmpty;
 }
 
+void SliceCollector::endSlice(const Slice& slice) {
+  if (!m_hasFallen) {
+    m_kept.push_back(slice);
+    return;
+  }
+  m_hasLost = true;
+  if (m_use == Fallen::recorded) m_fallen.push_back(slice);
+}
+
 /// Ends the slice here and begins the next. An empty one is nobody's.
 void SliceCollector::cutAt(const RawPlace& place) {
-  if (!isEmptyUpTo(place)) (m_hasFallen ? m_fallen : m_kept).push_back({m_from, place});
+  if (!isEmptyUpTo(place)) endSlice({m_from, place});
   m_from = place;
   m_hasFallen = false;
 }
@@ -84,13 +101,19 @@ class OffsetClipper {
   SliceCollector m_all;     // cut at weak ones too
 };
 
+/// Without gaps nothing is looked for in what has fallen.
+SliceCollector::Fallen useOfFallen(const OffsetClip& clip) {
+  const bool hasNoGaps = clip.gaps && clip.gaps->empty();
+  return hasNoGaps ? SliceCollector::Fallen::forgotten : SliceCollector::Fallen::recorded;
+}
+
 OffsetClipper::OffsetClipper(const OffsetClip& clip)
     : m_clip(clip),
       m_curve(clip.raw),
       m_judge(clip, m_curve),
       m_cuts(cutsOf(clip, m_curve, m_judge.standings())),
-      m_strong(m_curve),
-      m_all(m_curve) {}
+      m_strong(m_curve, useOfFallen(clip)),
+      m_all(m_curve, useOfFallen(clip)) {}
 
 /// Takes one segment of the raw offset through both collectors. A part between two cuts is judged
 /// once, and only while one of the slices that it belongs to still stands.
@@ -130,7 +153,7 @@ const SliceCollector& OffsetClipper::better() const {
   const bool hasWeak = std::any_of(m_cuts.cuts.begin(), m_cuts.cuts.end(),
                                    [](const Cut& cut) { return cut.isWeak; });
   const bool weakCutsHelp =
-      hasWeak && !m_strong.fallen().empty() && m_all.keptLength() > m_strong.keptLength();
+      hasWeak && m_strong.hasLost() && m_all.keptLength() > m_strong.keptLength();
   return weakCutsHelp ? m_all : m_strong;
 }
 
