@@ -300,6 +300,7 @@ void CDC::resolvePen() {
   stroke.unitsPerPixelX = 1 / scaleX;
   stroke.unitsPerPixelY = 1 / std::fabs(m_mapY.scale());
   resolvePattern(pen, stroke);
+  stroke.dashPhase = 0;
   m_penStale = false;
   m_pen.acceptChange();
 }

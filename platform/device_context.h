@@ -69,11 +69,13 @@ class QDR_API CDC {
     const CPoint old = GetCurrentPosition();
     m_positionX = x;
     m_positionY = y;
+    m_state.stroke.dashPhase = 0;
     return old;
   }
   CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
   CPoint GetCurrentPosition() const { return {m_positionX, m_positionY}; }
-  /// Draws from the current position without the last pixel, and moves there.
+  /// Draws from the current position without the last pixel, and moves there. Dashes run on over
+  /// lines that follow one another, until a MoveTo or another pen.
   bool LineTo(int x, int y);
   bool LineTo(POINT point) { return LineTo(point.x, point.y); }
   /// Draws without the very last pixel and leaves the position. False below two points.
@@ -153,6 +155,7 @@ class QDR_API CDC {
     return qdr::AxisMap::toDevice(m_mapX, m_mapY, point.x, point.y);
   }
   CRect toDeviceRect(const RECT& rect) const;
+  void walkDashes(CPoint from, CPoint to);
   void drawTextAt(CPoint reference, std::wstring_view text, double advance);
   const qdr::DeviceState& strokeState() {
     if (m_penStale || m_pen.isChanged()) resolvePen();

@@ -13,7 +13,18 @@ bool CDC::LineTo(int x, int y) {
   m_positionY = y;
   if (!m_surface) return false;
   m_surface->drawLine(strokeState(), device.from.x, device.from.y, device.to.x, device.to.y);
+  if (!m_state.stroke.dashes.isSolid()) [[unlikely]]
+    walkDashes(device.from, device.to);
   return true;
+}
+
+// By pixels, as a polyline walks its points: a run of lines shows what one polyline would.
+void CDC::walkDashes(CPoint from, CPoint to) {
+  qdr::DeviceStroke& stroke = m_state.stroke;
+  const double dx = (static_cast<double>(to.x) - from.x) * stroke.unitsPerPixelX;
+  const double dy = (static_cast<double>(to.y) - from.y) * stroke.unitsPerPixelY;
+  const double walked = stroke.dashPhase + std::sqrt(dx * dx + dy * dy);
+  stroke.dashPhase = std::fmod(walked, stroke.dashes.period);
 }
 
 namespace {

@@ -28,6 +28,8 @@ struct DeviceStroke {
   double width = 1;  ///< pixels, at least 1; 1 is the thin line of exactly one pixel
   int style = PS_SOLID;
   DashPattern dashes;
+  double dashPhase =
+      0;  ///< for drawLine: dash length that a run of lines has walked before this one
   int logicalWidth = 1;
   double unitsPerPixelX = 1;
   double unitsPerPixelY = 1;
@@ -105,7 +107,7 @@ class QDR_API IDeviceSurface {
   virtual int deviceCaps(int index) const;
   virtual bool isPrinting() const { return false; }
 
-  /// A line without its last pixel.
+  /// A line without its last pixel; its dashes begin at the phase of the stroke.
   virtual void drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) = 0;
 
   /// Connected lines without the very last pixel; dashes run on over the points.

@@ -211,10 +211,11 @@ void SoftwareRaster::paintShape(const DeviceState& state, const Stroke& stroke, 
 }
 
 void SoftwareRaster::strokeOutline(const RasterCall& call, const DeviceState& state,
-                                   const CPoint* points, std::size_t count, bool closed) {
+                                   const CPoint* points, std::size_t count, bool closed,
+                                   double phase) {
   if (isThin(state.stroke)) {
     strokeThinPath(call, state.stroke, penOp(state),
-                   {.points = points, .count = count, .closed = closed});
+                   {.points = points, .count = count, .closed = closed, .phase = phase});
     return;
   }
   std::vector<StrokePoint> wide;
@@ -222,7 +223,7 @@ void SoftwareRaster::strokeOutline(const RasterCall& call, const DeviceState& st
   for (std::size_t i = 0; i < count; ++i)
     wide.push_back({static_cast<double>(points[i].x), static_cast<double>(points[i].y)});
   strokeWidePath(call, state.stroke, penOp(state),
-                 {.points = wide.data(), .count = count, .closed = closed});
+                 {.points = wide.data(), .count = count, .closed = closed, .phase = phase});
 }
 
 void SoftwareRaster::drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) {
@@ -243,7 +244,7 @@ void SoftwareRaster::drawAnyLine(const DeviceState& state, CPoint from, CPoint t
   if (call.isHidden()) return;
   const CPoint points[] = {from, to};
   touch(state, points, 2);
-  strokeOutline(call, state, points, 2, false);
+  strokeOutline(call, state, points, 2, false, state.stroke.dashPhase);
 }
 
 void SoftwareRaster::drawPolyline(const DeviceState& state, const CPoint* points,

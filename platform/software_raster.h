@@ -48,7 +48,7 @@ class QDR_API SoftwareRaster : public IDeviceSurface {
   void touch(const CRect& clip, const CRect& box);
   RasterCall beginCall(const DeviceState& state, bool mayRepeat);
   void strokeOutline(const RasterCall& call, const DeviceState& state, const CPoint* points,
-                     std::size_t count, bool closed);
+                     std::size_t count, bool closed, double phase = 0);
   template <class Stroke, class Fill>
   void paintShape(const DeviceState& state, const Stroke& stroke, const Fill& fill);
   void strokeArc(const RasterCall& call, const DeviceState& state, const DeviceArc& arc,

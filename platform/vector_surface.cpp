@@ -110,17 +110,22 @@ void VectorSurface::applyClip(const DeviceState& state) {
   writeClip(clipped ? &m_clip : nullptr);
 }
 
+// Device units for a unit of dashes.
+double VectorSurface::dashScale(const DeviceStroke& stroke) const {
+  const double scale = 1 / meanUnitsPerPixel(stroke);
+  if ((stroke.style & PS_STYLE_MASK) == PS_USERSTYLE) return scale;
+  // The line styles count pen widths, at least dots of a screen, far larger than units of paper.
+  const double screenDot = m_page.unitsPerMillimetre * kMillimetresPerInch / kScreenDotsPerInch;
+  return scale * std::max(1.0, screenDot / std::round(stroke.width));
+}
+
 VectorPen VectorSurface::penOf(const DeviceStroke& stroke) const {
   VectorPen pen;
   pen.color = stroke.color;
   pen.style = stroke.style & (PS_ENDCAP_MASK | PS_JOIN_MASK);
   const double hairline = m_page.hairlineMillimetres * m_page.unitsPerMillimetre;
   pen.width = std::max(stroke.width, hairline);
-  double scale = 1 / meanUnitsPerPixel(stroke);
-  // The line styles count pen widths, at least dots of a screen, far larger than units of paper.
-  const double screenDot = m_page.unitsPerMillimetre * kMillimetresPerInch / kScreenDotsPerInch;
-  if ((stroke.style & PS_STYLE_MASK) != PS_USERSTYLE)
-    scale *= std::max(1.0, screenDot / std::round(stroke.width));
+  const double scale = dashScale(stroke);
   if (stroke.dashes.isSolid() || !(stroke.dashes.period * scale >= hairline)) return pen;
   for (const double length : stroke.dashes.lengths)
     pen.dashes.push_back(length * scale);
@@ -131,7 +136,8 @@ bool VectorSurface::beginStroke(const DeviceState& state) {
   if (!hasPen(state) || state.rop2 == R2_NOP) return false;
   applyClip(state);
   VectorPen pen = penOf(state.stroke);
-  if (!(pen == m_pen) || m_strokes.size() > kBatchedSteps) {
+  const bool isWithinRun = state.stroke.dashPhase > 0;
+  if (!(pen == m_pen) || (m_strokes.size() > kBatchedSteps && !isWithinRun)) {
     flush();
     m_pen = std::move(pen);
   }
@@ -145,7 +151,8 @@ void VectorSurface::flush() {
 
 // Strokes
 
-void VectorSurface::strokeLine(double x1, double y1, double x2, double y2) {
+// `phase` is the dash length walked before the line, in device units.
+void VectorSurface::strokeLine(double x1, double y1, double x2, double y2, double phase) {
   const ReachBox reach{static_cast<double>(m_far.left), static_cast<double>(m_far.top),
                        static_cast<double>(m_far.right), static_cast<double>(m_far.bottom)};
   if (!reach.holds(x1, y1) || !reach.holds(x2, y2)) {
@@ -155,9 +162,10 @@ void VectorSurface::strokeLine(double x1, double y1, double x2, double y2) {
     double period = 0;
     for (const double dash : m_pen.dashes)
       period += dash;
-    // Dashes begin at the cut: it lies whole periods behind the start.
+    // Dashes begin at the cut, where whole periods have been walked: at or before what is seen.
     double first = seen.first;
-    if (period > 0) first = std::floor(first * length / period) * period / length;
+    if (period > 0)
+      first = (std::floor((phase + first * length) / period) * period - phase) / length;
     const double dx = x2 - x1;
     const double dy = y2 - y1;
     x2 = x1 + dx * seen.last;
@@ -165,9 +173,11 @@ void VectorSurface::strokeLine(double x1, double y1, double x2, double y2) {
     x1 += dx * first;
     y1 += dy * first;
   }
-  // A solid chain under round caps looks the same joined, and is half as long.
-  const bool joins = m_pen.dashes.empty() && (m_pen.style & PS_ENDCAP_MASK) == PS_ENDCAP_ROUND &&
-                     (m_pen.style & PS_JOIN_MASK) == PS_JOIN_ROUND;
+  // A solid chain under round caps looks the same joined, and is half as long. Dashes run on over a
+  // joined one.
+  const bool looksJoined = (m_pen.style & PS_ENDCAP_MASK) == PS_ENDCAP_ROUND &&
+                           (m_pen.style & PS_JOIN_MASK) == PS_JOIN_ROUND;
+  const bool joins = m_pen.dashes.empty() ? looksJoined : phase > 0;
   const bool continues = joins && !m_strokes.empty() && m_strokes.back().kind != Kind::close &&
                          m_strokes.back().x == x1 && m_strokes.back().y == y1;
   if (!continues) m_strokes.push_back({Kind::move, x1, y1});
@@ -213,7 +223,8 @@ void VectorSurface::strokePieces(const std::vector<ArcPiece>& pieces) {
 }
 
 void VectorSurface::drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) {
-  if (beginStroke(state)) strokeLine(x1, y1, x2, y2);
+  if (beginStroke(state))
+    strokeLine(x1, y1, x2, y2, state.stroke.dashPhase * dashScale(state.stroke));
 }
 
 void VectorSurface::drawPolyline(const DeviceState& state, const CPoint* points,

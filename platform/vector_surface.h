@@ -76,8 +76,9 @@ class QDR_API VectorSurface : public IDeviceSurface {
  private:
   bool beginStroke(const DeviceState& state);
   void applyClip(const DeviceState& state);
+  double dashScale(const DeviceStroke& stroke) const;
   VectorPen penOf(const DeviceStroke& stroke) const;
-  void strokeLine(double x1, double y1, double x2, double y2);
+  void strokeLine(double x1, double y1, double x2, double y2, double phase = 0);
   void strokePoints(const CPoint* points, std::size_t count, bool closed);
   void strokeArc(const DeviceArc& arc);
   void strokePieces(const std::vector<ArcPiece>& pieces);

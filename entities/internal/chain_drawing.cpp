@@ -17,16 +17,17 @@ bool drawsAsArc(double bulge) {
 }
 
 // Leaves the position at the far end of the segment. The polygon runs counter-clockwise, so a
-// negative bulge is drawn backward. It is one call, over which dashes run on: they would restart
-// with each line of it and show none of their gaps.
+// negative bulge is drawn backward.
 void drawArc(CDC& dc, const CQdrGePoint2d& from, const CQdrGePoint2d& to, double bulge) {
   CQdrGeCircArc2d arc;
   arc.set(from, to, bulge, true);
   std::vector<CPoint> polygon;
   arc.getGrVertexArray(polygon, _wArcRes, _dDispScale);
   if (polygon.empty()) return;
-  dc.Polyline(polygon.data(), static_cast<int>(polygon.size()));
-  dc.MoveTo(bulge < 0.0 ? polygon.front() : polygon.back());
+  dc.MoveTo(polygon.front());
+  for (std::size_t i = 1; i < polygon.size(); ++i)
+    dc.LineTo(polygon[i]);
+  if (bulge < 0.0) dc.MoveTo(polygon.front());
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "entities/internal/trim_scheme.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "database/database.h"
@@ -36,11 +35,8 @@ double paramOfPick(const CQdrDbCurve& curve, const CQdrGePoint2d& pick) {
   return curve.paramAtPoint(onCurve, kCurveTolerance);
 }
 
-TrimCut chooseCut(const CQdrDbCurve& curve, CrossingMap crossings, const CQdrGePoint2d& pick) {
-  const double length = curve.length();
-  std::erase_if(crossings, [&](const CrossingMap::value_type& crossing) {
-    return std::min(crossing.first, 1.0 - crossing.first) * length <= kCoincidentTolerance;
-  });
+TrimCut chooseCut(const CQdrDbCurve& curve, const CrossingMap& crossings,
+                  const CQdrGePoint2d& pick) {
   if (crossings.empty()) return {};
   const double param = paramOfPick(curve, pick);
   const auto first = crossings.begin();

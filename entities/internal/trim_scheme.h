@@ -39,9 +39,10 @@ struct TrimCut {
 };
 
 /// The cut of a curve around the point nearest to `pick`. A pick exactly on the first crossing
-/// takes the start, one exactly on the last takes the end. A crossing at an end of the curve cuts
-/// nothing off, so that no piece without length is left.
-TrimCut chooseCut(const CQdrDbCurve& curve, CrossingMap crossings, const CQdrGePoint2d& pick);
+/// takes the start, one exactly on the last takes the end. A boundary that touches an end of the
+/// curve crosses it there like any other, so on that side it leaves a piece without length.
+TrimCut chooseCut(const CQdrDbCurve& curve, const CrossingMap& crossings,
+                  const CQdrGePoint2d& pick);
 
 /// The part of a closed curve that goes, counter-clockwise.
 struct RingCut {

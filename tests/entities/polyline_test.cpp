@@ -222,13 +222,13 @@ TEST_F(Polyline, Trims) {
       {"middle of a loop", kSquare, {below, right}, {10, 1}, "0,0 5,0", "10,5 10,10 0,10 0,0"},
       {"a loop keeps its closing arc", kDome, {up}, {9, 3}, "5,5@90 0,0"},
       {"nothing crosses", kSquare, {"line 30 0 30 9"}, {1, 0}, nullptr},
-      {"a touched end cuts nothing off", kCorner, {"line 0 0 0 9"}, {5, 0}, nullptr},
-      {"nor does it end a middle", kCorner, {"line 0 0 0 9", below}, {2, 0}, "5,0 10,0 10,10"},
-      {"nor the start of a loop",
-       kSquare,
-       {"line -1 -1 1 1", right},
-       {9, 0},
-       "10,5 10,10 0,10 0,0"},
+      {"a touched end leaves no length", kCorner, {"line 0 0 0 9"}, {5, 0}, "0,0 0,0"},
+      {"nor does it before a middle",
+       kCorner,
+       {"line 0 0 0 9", below},
+       {2, 0},
+       "0,0 0,0",
+       "5,0 10,0 10,10"},
   };
   for (const Row& row : rows) {
     std::vector<CQdrDbEntity*> boundaries = addAll(row.boundaries);

@@ -193,15 +193,47 @@ TEST(Dashes, WalkAsTheListSays) {
   }
 }
 
-TEST(Dashes, RestartAtEveryLineTo) {
+TEST(Dashes, RunOnOverLinesUntilAMoveOrAnotherPen) {
   Canvas canvas(16, 1);
   const DWORD lengths[] = {3, 2};
   const LOGBRUSH brush{BS_SOLID, kWhite, 0};
   CPen pen(PS_USERSTYLE, 0, &brush, 2, lengths);
+  CPen other(PS_USERSTYLE, 0, &brush, 2, lengths);
   canvas.dc.SelectObject(&pen);
   canvas.dc.LineTo(4, 0);
-  canvas.dc.LineTo(12, 0);
-  EXPECT_EQ(canvas.rows()[0], "###.###..###....");
+  canvas.dc.LineTo(7, 0);
+  canvas.dc.MoveTo(7, 0);
+  canvas.dc.LineTo(11, 0);
+  canvas.dc.SelectObject(&other);
+  canvas.dc.LineTo(16, 0);
+  EXPECT_EQ(canvas.rows()[0], "###..#####.###..");
+}
+
+TEST(Dashes, OfARunAreThoseOfAPolyline) {
+  const DWORD lengths[] = {7, 3, 0, 4};
+  const LOGBRUSH brush{BS_SOLID, kWhite, 0};
+  const POINT points[] = {{2, 3}, {40, 3}, {40, 21}, {9, 21}, {9, -8}, {60, -8}, {60, 30}};
+  for (const int width : {1, 3}) {
+    Canvas run(64, 32);
+    Canvas whole(64, 32);
+    CPen pen(PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT | PS_JOIN_MITER, width, &brush, 4,
+             lengths);
+    run.dc.SelectObject(&pen);
+    whole.dc.SelectObject(&pen);
+    run.dc.MoveTo(points[0]);
+    for (std::size_t i = 1; i < std::size(points); ++i)
+      run.dc.LineTo(points[i].x, points[i].y);
+    whole.dc.Polyline(points, static_cast<int>(std::size(points)));
+    // Of a wide pen a run has no joins, so it is compared away from the vertices.
+    for (const CPoint& at : {CPoint(20, 3), CPoint(25, 21), CPoint(60, 12), CPoint(40, 12)})
+      for (int step = -5; step <= 5; ++step)
+        for (const CPoint& p : {CPoint(at.x + step, at.y), CPoint(at.x, at.y + step)})
+          EXPECT_EQ(run.dc.GetPixel(p.x, p.y), whole.dc.GetPixel(p.x, p.y))
+              << width << ": " << p.x << ',' << p.y;
+    if (width == 1) {
+      EXPECT_EQ(run.rows(), whole.rows());
+    }
+  }
 }
 
 // 7 on and 5 off: pixel x lies x + 2^31 steps from the start, and 2^31 = 178956970 * 12 + 8.
