@@ -3,9 +3,9 @@
 #include <cmath>
 #include <memory>
 
+#include "entities/angle_steps.h"
 #include "entities/circle.h"
 #include "entities/display_units.h"
-#include "entities/internal/angle_steps.h"
 #include "entities/internal/chain_drawing.h"
 #include "entities/internal/offset_copy.h"
 #include "entities/internal/property_rows.h"

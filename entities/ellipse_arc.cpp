@@ -2,9 +2,9 @@
 
 #include <memory>
 
+#include "entities/angle_steps.h"
 #include "entities/display_units.h"
 #include "entities/ellipse.h"
-#include "entities/internal/angle_steps.h"
 #include "entities/internal/chain_drawing.h"
 #include "entities/internal/ellipse_parts.h"
 #include "entities/internal/offset_copy.h"

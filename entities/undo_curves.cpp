@@ -4,12 +4,12 @@
 
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
+#include "entities/angle_steps.h"
 #include "entities/box.h"
 #include "entities/cobweb.h"
 #include "entities/cspline.h"
 #include "entities/ellipse.h"
 #include "entities/ellipse_arc.h"
-#include "entities/internal/angle_steps.h"
 #include "entities/internal/undo_rows.h"
 #include "entities/spiral.h"
 #include "entities/spline.h"

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "entities/angle_steps.h"
 #include "entities/arc.h"
 #include "entities/display_units.h"
 #include "entities/line.h"
@@ -103,6 +104,7 @@ void CQdrArcTracker::recordGrip(const CQdrDbEntity& entity, int grip, UndoSteps&
     return;
   }
   const double angle = grip == kStartGrip ? arc.StartAngle() : arc.EndAngle();
-  steps.push_back(qdr::undoStep(qdr::kUndoAngle, CQdrGeVector2d(angle)));
+  steps.push_back(qdr::undoStep(qdr::kUndoAngle, {}));
+  qdr::storeAngle(steps.back(), angle);
   steps.back().index = grip == kStartGrip ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 #include "interaction/trackers/ellipse_arc_tracker.h"
 
+#include "entities/angle_steps.h"
 #include "entities/display_units.h"
 #include "entities/ellipse_arc.h"
 #include "interaction/trackers/ellipse_grips.h"
@@ -51,6 +52,7 @@ void CQdrEllipseArcTracker::recordGrip(const CQdrDbEntity& entity, int grip, Und
     return;
   }
   const double angle = grip == kStartGrip ? before.StartAngle() : before.EndAngle();
-  steps.push_back(qdr::undoStep(qdr::kUndoAngle, CQdrGeVector2d(angle)));
+  steps.push_back(qdr::undoStep(qdr::kUndoAngle, {}));
+  qdr::storeAngle(steps.back(), angle);
   steps.back().index = grip == kStartGrip ? 0 : 1;
 }

@@ -1,4 +1,4 @@
-#include "entities/internal/angle_steps.h"
+#include "entities/angle_steps.h"
 
 #include <cmath>
 
