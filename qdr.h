@@ -128,6 +128,7 @@
 #include "database/undo/undo_operations.h"
 #include "database/undo/undo_record.h"
 
+#include "entities/angle_steps.h"
 #include "entities/arc.h"
 #include "entities/box.h"
 #include "entities/circle.h"

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <fstream>
 #include <numbers>
@@ -572,6 +573,16 @@ qdr::HostOptions paper(CSize size) {
   return options;
 }
 
+// A save names the folder of the file, which differs from place to place.
+bool clearFolder(const char* path) {
+  const decltype(QdrDbFileHeader_tag::folder) none;
+  std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(offsetof(QdrDbFileHeader_tag, folder));
+  file.write(reinterpret_cast<const char*>(&none), sizeof none);
+  file.close();
+  return static_cast<bool>(file);
+}
+
 bool writeGallery(const char* path) {
   // Names and times stand still and numbers begin anew, so that every run stores the same.
   CQdrDbObject::NextHardID = 1;
@@ -580,7 +591,7 @@ bool writeGallery(const char* path) {
   stage.host().showWindow({kLeft - 6, kBottom - 6}, {kRight + 6, kTop + 6});
   const qdr::HostAnswer saved = stage.host().save(qdr::fromUtf8(path));
   if (!saved) std::fprintf(stderr, "make_gallery: %s\n", qdr::toUtf8(saved.reason).c_str());
-  return static_cast<bool>(saved);
+  return saved && clearFolder(path);
 }
 
 bool writeMarkers(const char* path) {
