@@ -102,7 +102,9 @@ void CQdrDbCSpline::read() {
 
 CQdrDbRect CQdrDbCSpline::GetOutRect() {
   CQdrGePolyline2d samples;
-  return m_spline.getGePolyline(samples) ? samples.getOutRect() : CQdrDbRect::around(0, 0, 0, 0);
+  const bool hasCurve = m_spline.getGePolyline(samples);
+  m_spline.releaseCurve();
+  return hasCurve ? samples.getOutRect() : CQdrDbRect::around(0, 0, 0, 0);
 }
 
 void CQdrDbCSpline::Draw(CDC* dc) {
@@ -114,6 +116,7 @@ void CQdrDbCSpline::Draw(CDC* dc) {
   points.reserve(samples->size());
   for (const CQdrGePoint2d& sample : *samples)
     points.push_back(qdr::toLogical(sample));
+  m_spline.releaseCurve();
   qdr::drawPoints(*dc, *this, points);
 }
 

@@ -146,7 +146,9 @@ qdr::DrawnBox boxWithGrips(CQdrDbEntity& entity) {
 qdr::DrawnBox csplineDrawnBox(CQdrDbEntity& entity) {
   qdr::DrawnBox box = boxWithGrips(entity);
   CQdrGePolyline2d samples;
-  static_cast<CQdrDbCSpline&>(entity).geometry().getGePolyline(samples);
+  const CQdrGeCSpline2d& spline = static_cast<CQdrDbCSpline&>(entity).geometry();
+  spline.getGePolyline(samples);
+  spline.releaseCurve();
   double widest = 0.0;
   for (std::size_t i = 1; i < samples.points().size(); ++i)
     widest = std::max(widest, samples.points()[i - 1].distanceTo(samples.points()[i]));

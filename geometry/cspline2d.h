@@ -26,6 +26,9 @@ class QDR_API CQdrGeCSpline2d : public CQdrGeEntity2d {
  public:
   static constexpr QdrGe::EntityId kTypeId = QdrGe::kCSpline;
 
+  /// A curve has about so many samples at the most: beyond them its step grows.
+  static constexpr int kMaxSamples = 250'000;
+
   /// The sample step in drawing units; 0 and less stand for 0.5.
   explicit CQdrGeCSpline2d(double step = 0.0);
   explicit CQdrGeCSpline2d(const std::vector<CQdrGePoint2d>& points);
@@ -103,6 +106,10 @@ class QDR_API CQdrGeCSpline2d : public CQdrGeEntity2d {
   /// without a curve, and then `points` stays.
   int getCurve(const std::vector<CQdrGePoint2d>*& points);
 
+  /// Frees the samples where there are far more of them than control points, so that many curves
+  /// hold little memory for what little they are made of. The next use draws them anew.
+  void releaseCurve() const;
+
   /// The samples as a polyline, all bulges 0. False, with an empty result, without a curve. Two
   /// names of one call.
   bool getGePolyline(CQdrGePolyline2d& result) const;
@@ -165,8 +172,9 @@ class QDR_API CQdrGeCSpline2d : public CQdrGeEntity2d {
  private:
   const CQdrGePolyline2d& polyline() const;
   CQdrGePolyline2d outline() const;
+  double boundedStep() const;
   bool sample() const;
-  void sampleStretch(const std::vector<CQdrGePoint2d>& points, bool isRing,
+  void sampleStretch(const std::vector<CQdrGePoint2d>& points, bool isRing, double step,
                      std::size_t firstPoint) const;
   std::size_t firstSampled() const;
   bool join(std::vector<CQdrGePoint2d> points, std::vector<unsigned char> options, int& where);

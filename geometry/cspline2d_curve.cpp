@@ -29,6 +29,26 @@ int CQdrGeCSpline2d::getCurve(const std::vector<CQdrGePoint2d>*& points) {
   return static_cast<int>(m_curve.size());
 }
 
+void CQdrGeCSpline2d::releaseCurve() const {
+  constexpr std::size_t kMostPerPoint = 256;
+  if (m_curve.size() / kMostPerPoint <= m_points.size()) return;
+  m_isStale = true;
+  m_curve = {};
+  m_samplesAt = {};
+  m_polyline = CQdrGePolyline2d();
+}
+
+double CQdrGeCSpline2d::boundedStep() const {
+  const double step = CSplineCurve(m_step).step();
+  double samples = 0.0;
+  for (std::size_t i = 0; i < m_points.size(); ++i) {
+    const std::size_t next = i + 1 < m_points.size() ? i + 1 : 0;
+    if (next > 0 || isClosed())
+      samples += CSplineCurve::reachOf(m_points[next] - m_points[i]) / step;
+  }
+  return samples > kMaxSamples ? step * (samples / kMaxSamples) : step;
+}
+
 // A closed curve with breaks begins at its first break, so that every stretch runs from break to
 // break; a closed curve without one is a single stretch that has no ends.
 bool CQdrGeCSpline2d::sample() const {
@@ -39,6 +59,7 @@ bool CQdrGeCSpline2d::sample() const {
   if (n >= 2) {
     const bool isSmoothRing = isClosed() && !hasCtrlOption();
     const std::size_t begin = firstSampled();
+    const double step = boundedStep();
     const std::size_t last = isClosed() && !isSmoothRing ? n : n - 1;
     std::vector<CQdrGePoint2d> stretch;
     for (std::size_t k = 0; k <= last; ++k) {
@@ -46,7 +67,7 @@ bool CQdrGeCSpline2d::sample() const {
       stretch.push_back(m_points[i]);
       const bool isBreak = k > 0 && m_options[i] != 0;
       if (k < last && !isBreak) continue;
-      sampleStretch(stretch, isSmoothRing, begin + k + 1 - stretch.size());
+      sampleStretch(stretch, isSmoothRing, step, begin + k + 1 - stretch.size());
       stretch.assign(1, m_points[i]);
     }
     if (!isClosed()) m_samplesAt.back() = m_curve.size() - 1;
@@ -56,9 +77,9 @@ bool CQdrGeCSpline2d::sample() const {
 }
 
 void CQdrGeCSpline2d::sampleStretch(const std::vector<CQdrGePoint2d>& points, bool isRing,
-                                    std::size_t firstPoint) const {
+                                    double step, std::size_t firstPoint) const {
   const qdr::CubicSpans spans = qdr::cubicSpans(points, isRing);
-  CSplineCurve span(m_step);
+  CSplineCurve span(step);
   for (std::size_t i = 0; i < spans.chords.size(); ++i) {
     span.set(spans.chords[i], spans.startTangents[i], spans.endTangents[i]);
     m_samplesAt[(firstPoint + i) % m_points.size()] = m_curve.empty() ? 0 : m_curve.size() - 1;

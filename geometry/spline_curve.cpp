@@ -14,6 +14,10 @@ constexpr double kMaxSegments = 1e6;
 
 CSplineCurve::CSplineCurve(double step) : m_step(step > 0.0 ? step : kDefaultStep) {}
 
+int CSplineCurve::reachOf(const CQdrGeVector2d& chord) {
+  return qdr::truncToInt(std::max(std::abs(chord.x), std::abs(chord.y)));
+}
+
 void CSplineCurve::set(const CQdrGeVector2d& chord, const CQdrGeVector2d& startTangent,
                        const CQdrGeVector2d& endTangent) {
   m_cx = chord.x;
@@ -22,8 +26,7 @@ void CSplineCurve::set(const CQdrGeVector2d& chord, const CQdrGeVector2d& startT
   m_ay = startTangent.y;
   m_bx = endTangent.x;
   m_by = endTangent.y;
-  const int reach = qdr::truncToInt(std::max(std::abs(chord.x), std::abs(chord.y)));
-  m_segments = qdr::truncToInt(std::clamp(reach / m_step, 1.0, kMaxSegments));
+  m_segments = qdr::truncToInt(std::clamp(reachOf(chord) / m_step, 1.0, kMaxSegments));
 }
 
 CQdrGeVector2d CSplineCurve::displacementAt(double t) const {

@@ -18,6 +18,9 @@ class QDR_API CSplineCurve {
   void set(const CQdrGeVector2d& chord, const CQdrGeVector2d& startTangent,
            const CQdrGeVector2d& endTangent);
 
+  /// The larger component of a chord, truncated.
+  static int reachOf(const CQdrGeVector2d& chord);
+
   double step() const { return m_step; }
   int segments() const { return m_segments; }
 

@@ -54,6 +54,20 @@ TEST(SplineCurve, SegmentsComeFromTheTruncatedChord) {
   }
 }
 
+TEST(CSpline, HugeCurvesHaveABoundedNumberOfSamples) {
+  CQdrGeCSpline2d curve(Points{{0, 0}, {2e9, 0}, {2e9, 1e9}, {0, 1e9}});
+  curve.setClosed(true);
+  const Points* samples = nullptr;
+  const int count = curve.getCurve(samples);
+  EXPECT_LE(count, CQdrGeCSpline2d::kMaxSamples + 1);
+  EXPECT_GE(count, CQdrGeCSpline2d::kMaxSamples - 4);
+  EXPECT_EQ(samples->back(), (CQdrGePoint2d(0, 0)));
+  const double length = curve.length();
+  curve.releaseCurve();
+  EXPECT_EQ(curve.length(), length);
+  EXPECT_EQ(curve.getVertexControlPtIndex(count / 2), 2);
+}
+
 TEST(CSpline, SamplesFollowTwoSweepsOfTheTangents) {
   struct Row {
     std::string name;
