@@ -5,7 +5,7 @@ set -euo pipefail
 
 build=(g++ cmake ninja-build ccache pkg-config lld
        libcli11-dev nlohmann-json3-dev libpng-dev libhpdf-dev)
-test=(libgtest-dev clang-format python3)
+test=(libgtest-dev clang-format python3 git)
 bench=(libbenchmark-dev)
 
 wanted=()
