@@ -294,7 +294,8 @@ DirectiveAnswer playBeside(ScriptStage& stage, Words words) {
 
 DirectiveAnswer playDrawing(ScriptStage& stage, Words words) {
   std::size_t drawing = 0;
-  if (!takeDrawing(words, drawing)) return usageFault(L"the number of a drawing is missing");
+  if (!takeDrawing(words, drawing))
+    return usageFault(L"the number of a drawing, from 1 on, is missing");
   return fromHost(stage.host().activate(drawing));
 }
 
