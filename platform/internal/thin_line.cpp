@@ -23,6 +23,13 @@ StepRange overlap(StepRange a, StepRange b) {
 
 }  // namespace
 
+constinit const std::array<double, ThinLine::kTabled> ThinLine::kUnits = [] {
+  std::array<double, kTabled> units{};
+  for (std::int64_t length = 1; length < kTabled; ++length)
+    units[static_cast<std::size_t>(length)] = unitOf(length);
+  return units;
+}();
+
 // The steps at which the pixel across lies within [low, high) follow by solving for i.
 template <class Wide>
 StepRange ThinLine::insideAcross(std::int64_t low, std::int64_t high, StepRange range) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -104,9 +105,17 @@ class ThinLine {
 
   // 2^63 over the length, so much less that the slope of a diagonal stays below 2^64.
   double unit() const {
-    constexpr double kAlmostHalf = 9223372036854771712.0;
-    return kAlmostHalf / static_cast<double>(m_length);
+    return m_length < kTabled ? kUnits[static_cast<std::size_t>(m_length)] : unitOf(m_length);
   }
+
+  static constexpr double unitOf(std::int64_t length) {
+    constexpr double kAlmostHalf = 9223372036854771712.0;
+    return kAlmostHalf / static_cast<double>(length);
+  }
+
+  // Short lines wait longer for a division than for memory.
+  static constexpr std::int64_t kTabled = 128;
+  static const std::array<double, kTabled> kUnits;
 
   // Twice so many units, which must be below 2^63.
   static std::uint64_t fixedPoint(double units) {
