@@ -162,9 +162,10 @@ void VectorSurface::strokeLine(double x1, double y1, double x2, double y2, doubl
     double period = 0;
     for (const double dash : m_pen.dashes)
       period += dash;
-    // Dashes begin at the cut, where whole periods have been walked: at or before what is seen.
+    // Dashes begin where whole periods have been walked: outside, at or before the cut. A start
+    // that is seen stays.
     double first = seen.first;
-    if (period > 0)
+    if (period > 0 && first > 0)
       first = (std::floor((phase + first * length) / period) * period - phase) / length;
     const double dx = x2 - x1;
     const double dy = y2 - y1;
@@ -223,8 +224,9 @@ void VectorSurface::strokePieces(const std::vector<ArcPiece>& pieces) {
 }
 
 void VectorSurface::drawLine(const DeviceState& state, int x1, int y1, int x2, int y2) {
-  if (beginStroke(state))
-    strokeLine(x1, y1, x2, y2, state.stroke.dashPhase * dashScale(state.stroke));
+  if (!beginStroke(state)) return;
+  const double walked = state.stroke.dashPhase;
+  strokeLine(x1, y1, x2, y2, walked > 0 ? walked * dashScale(state.stroke) : 0);
 }
 
 void VectorSurface::drawPolyline(const DeviceState& state, const CPoint* points,

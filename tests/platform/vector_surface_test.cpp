@@ -118,6 +118,19 @@ TEST(Svg, DashesRunOnOverLines) {
   EXPECT_NE(surface.document().find("d=\"M1 1L10 1 10 6M10 6L20 6M20 6L25 6\""), std::string::npos);
 }
 
+TEST(Svg, ADashedRunThatLeavesThePageKeepsItsStart) {
+  qdr::SvgSurface surface(smallPage());
+  CDC dc(&surface);
+  const DWORD lengths[] = {5, 2};
+  const LOGBRUSH ink{BS_SOLID, 0, 0};
+  CPen dashed(PS_GEOMETRIC | PS_USERSTYLE, 1, &ink, 2, lengths);
+  dc.SelectObject(&dashed);
+  dc.MoveTo(1, 1);
+  dc.LineTo(10, 1);
+  dc.LineTo(10, INT32_MAX);
+  EXPECT_NE(surface.document().find("d=\"M1 1L10 1 10 "), std::string::npos);
+}
+
 TEST(Svg, StaysWellFormedAndBoundedForEverything) {
   qdr::SvgSurface surface(smallPage());
   CDC dc(&surface);
