@@ -103,10 +103,6 @@ void joinWithArc(OffsetPart& part, OffsetPart& follower) {
   connect(part, 0.0);
 }
 
-}  // namespace
-
-namespace {
-
 /// Where a place of the circle lies against the arc, told by distances alone.
 Place placeOnArc(const TravelSegment& arc, const Vec& p) {
   if (arc.isWithinSweep(p)) return Place::onSegment;
