@@ -137,9 +137,13 @@ std::wstring digitsOf(std::uint64_t magnitude, int base, bool upper) {
   return digits;
 }
 
+// As in C, a 0 with precision 0 has no digits.
 std::wstring paddedInteger(const Conversion& conversion, std::wstring prefix, std::wstring digits) {
   const auto least = static_cast<std::size_t>(std::max(conversion.precision, 0));
+  if (conversion.precision == 0 && digits == L"0") digits.clear();
   if (digits.size() < least) digits.insert(0, least - digits.size(), L'0');
+  const bool octal = conversion.alternate && conversion.letter == L'o';
+  if (octal && !digits.starts_with(L'0')) digits.insert(0, 1, L'0');
   return padded(conversion, std::move(prefix), std::move(digits), conversion.precision < 0);
 }
 
@@ -161,20 +165,39 @@ std::wstring unsignedInteger(const Conversion& conversion, const FormatArgument&
   const bool upper = letter == L'X';
   const int base = letter == L'u' ? 10 : (letter == L'o' ? 8 : 16);
   std::wstring prefix;
-  if (conversion.alternate && value != 0 && base == 8) prefix = L"0";
   if (conversion.alternate && value != 0 && base == 16) prefix = upper ? L"0X" : L"0x";
   return paddedInteger(conversion, std::move(prefix), digitsOf(value, base, upper));
 }
 
-std::wstring real(const Conversion& conversion, const FormatArgument& argument) {
-  const double value = realOf(argument);
+// The digits of "%#g": the form of "%g", with the zeros at its end.
+std::wstring generalWithZeros(double value, int precision) {
+  constexpr int kLeastExponent = -4;
+  const int significant = std::max(precision, 1);
+  const std::wstring scientific = realDigits(value, std::chars_format::scientific, significant - 1);
+  const int exponent = _wtoi(scientific.c_str() + scientific.find(L'e') + 1);
+  if (exponent < kLeastExponent || exponent >= significant) return scientific;
+  return realDigits(value, std::chars_format::fixed, significant - 1 - exponent);
+}
+
+std::wstring magnitudeDigits(const Conversion& conversion, double magnitude) {
   const wchar_t letter = qdr::lowerCase(conversion.letter);
   const auto form = letter == L'f'   ? std::chars_format::fixed
                     : letter == L'e' ? std::chars_format::scientific
                                      : std::chars_format::general;
   const int precision = conversion.precision < 0 ? kDefaultDigits : conversion.precision;
-  std::wstring digits = realDigits(std::abs(value), form, precision);
-  if (letter != conversion.letter)
+  if (!conversion.alternate || !std::isfinite(magnitude))
+    return realDigits(magnitude, form, precision);
+  std::wstring digits = letter == L'g' ? generalWithZeros(magnitude, precision)
+                                       : realDigits(magnitude, form, precision);
+  if (digits.find(L'.') == std::wstring::npos)
+    digits.insert(std::min(digits.find(L'e'), digits.size()), 1, L'.');
+  return digits;
+}
+
+std::wstring real(const Conversion& conversion, const FormatArgument& argument) {
+  const double value = realOf(argument);
+  std::wstring digits = magnitudeDigits(conversion, std::abs(value));
+  if (qdr::lowerCase(conversion.letter) != conversion.letter)
     std::transform(digits.begin(), digits.end(), digits.begin(), qdr::upperCase);
   return padded(conversion, signOf(conversion, std::signbit(value)), std::move(digits),
                 std::isfinite(value));

@@ -87,6 +87,10 @@ TEST(WideString, FormatsLikeTheCLibrary) {
   EXPECT_EQ(formatted(L"[%.3s][%6s][%c]", L"abcdef", L"xy", L'가'), "[abc][    xy][가]");
   EXPECT_EQ(formatted(L"%g %g %e", 1e-5, 100000.0, 12345.678), "1e-05 100000 1.234568e+04");
   EXPECT_EQ(formatted(L"%#x %#o %X %.4d", 255, 8, 48879, 7), "0xff 010 BEEF 0007");
+  EXPECT_EQ(formatted(L"[%.0d][%3.0u][%.0x][%#.0o]", 0, 0, 0, 0), "[][   ][][0]");
+  EXPECT_EQ(formatted(L"%#.3o %#.1o %#o", 7, 7, 0), "007 07 0");
+  EXPECT_EQ(formatted(L"%#.0f %#.0e %#.4G %#g %#g %#g", 2.0, 2.0, 1e5, 0.0, 1e-5, 999999.5),
+            "2. 2.e+00 1.000E+05 0.00000 1.00000e-05 1.00000e+06");
   EXPECT_EQ(formatted(L"%f %.1f", std::nan(""), -std::numeric_limits<double>::infinity()),
             "nan -inf");
 }
