@@ -1,24 +1,22 @@
 #include "platform/headless/recording_surface.h"
 
-#include <cstdarg>
-#include <cstdio>
 #include <numbers>
+
+#include "platform/format.h"
+#include "platform/wide_string.h"
 
 namespace qdr {
 
 namespace {
 
-std::string formatted(const char* format, ...) {
-  char buffer[160];
-  va_list arguments;
-  va_start(arguments, format);
-  std::vsnprintf(buffer, sizeof(buffer), format, arguments);
-  va_end(arguments);
-  return buffer;
+// Numbers as C writes them, whatever locale the process runs in.
+template <class... Arguments>
+std::string formatted(const wchar_t* format, const Arguments&... arguments) {
+  return toUtf8(qdr::formatted(format, {arguments...}));
 }
 
 std::string textOf(CPoint point) {
-  return formatted(" %d,%d", point.x, point.y);
+  return formatted(L" %d,%d", point.x, point.y);
 }
 
 std::string textOf(const CRect& rect) {
@@ -26,7 +24,7 @@ std::string textOf(const CRect& rect) {
 }
 
 std::string colorText(COLORREF color) {
-  return formatted(" 0x%06x", color & 0xffffff);
+  return formatted(L" 0x%06x", color & 0xffffff);
 }
 
 std::string penText(const DeviceStroke& stroke) {
@@ -34,25 +32,25 @@ std::string penText(const DeviceStroke& stroke) {
                                             "dashdotdot", "null", "frame", "dashes"};
   const int style = stroke.style & PS_STYLE_MASK;
   if (!stroke.visible) return " pen null";
-  std::string text = formatted(" pen %s", style < 8 ? kStyles[style] : "solid");
+  std::string text = formatted(L" pen %s", style < 8 ? kStyles[style] : "solid");
   if (style == PS_USERSTYLE) {
     text += " ";
     for (std::size_t i = 0; i < stroke.dashes.lengths.size(); ++i)
-      text += formatted(i ? ",%g" : "%g", stroke.dashes.lengths[i]);
+      text += formatted(i ? L",%g" : L"%g", stroke.dashes.lengths[i]);
     text += " width";
   }
-  return text + formatted(" %d", stroke.logicalWidth) + colorText(stroke.color);
+  return text + formatted(L" %d", stroke.logicalWidth) + colorText(stroke.color);
 }
 
 std::string brushText(const DeviceFill& fill) {
   if (fill.style == BS_HOLLOW) return " brush hollow";
   if (fill.style == BS_HATCHED)
-    return formatted(" brush hatch %d", fill.hatch) + colorText(fill.color);
+    return formatted(L" brush hatch %d", fill.hatch) + colorText(fill.color);
   return " brush solid" + colorText(fill.color);
 }
 
 std::string ropText(const DeviceState& state) {
-  return formatted(" rop %d", state.rop2);
+  return formatted(L" rop %d", state.rop2);
 }
 
 std::string penAndRop(const DeviceState& state) {
@@ -72,7 +70,7 @@ std::string quoted(std::wstring_view text) {
     if (code >= 0x20 && code < 0x7f) {
       result += static_cast<char>(code);
     } else {
-      result += formatted("\\u%04x", code);
+      result += formatted(L"\\u%04x", code);
     }
   }
   return result + "\"";
@@ -115,7 +113,7 @@ void RecordingSurface::drawPolygons(const DeviceState& state, const DeviceContou
     for (std::size_t i = 0; i < contours.counts[c]; ++i)
       line += textOf(*point++);
   }
-  m_lines.push_back(line + formatted(" mode %d", state.fillMode) + penBrushAndRop(state));
+  m_lines.push_back(line + formatted(L" mode %d", state.fillMode) + penBrushAndRop(state));
 }
 
 void RecordingSurface::drawRectangle(const DeviceState& state, const CRect& rect) {
@@ -129,7 +127,7 @@ void RecordingSurface::drawEllipse(const DeviceState& state, const CRect& rect) 
 void RecordingSurface::drawArc(const DeviceState& state, CPoint lead, const DeviceArc& arc) {
   constexpr double kDegrees = 180 / std::numbers::pi;
   m_lines.push_back("AngleArc" + textOf(lead) +
-                    formatted(" centre %g,%g radius %g,%g from %g sweep %g", arc.centerX,
+                    formatted(L" centre %g,%g radius %g,%g from %g sweep %g", arc.centerX,
                               arc.centerY, arc.radiusX, arc.radiusY, arc.startAngle * kDegrees,
                               arc.sweepAngle * kDegrees) +
                     penAndRop(state));
@@ -145,13 +143,13 @@ void RecordingSurface::setPixel(const DeviceState&, CPoint point, COLORREF color
 
 bool RecordingSurface::drawImage(const DeviceState&, const ImageTransfer& transfer) {
   m_lines.push_back("BitBlt" + textOf(transfer.to) + " from" + textOf(transfer.from) +
-                    formatted(" rop 0x%06x", transfer.rop));
+                    formatted(L" rop 0x%06x", transfer.rop));
   return true;
 }
 
 bool RecordingSurface::drawText(const DeviceState& state, const DeviceText& text) {
   m_lines.push_back("TextOut" + textOf(text.reference) + " " + quoted(text.text) +
-                    formatted(" align %u height %d angle %d", text.align, text.font->lfHeight,
+                    formatted(L" align %u height %d angle %d", text.align, text.font->lfHeight,
                               text.font->lfEscapement) +
                     colorText(text.color) + ropText(state));
   return true;

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 #include "platform/device_context.h"
+#include "platform/wide_string.h"
 
 namespace {
 
@@ -65,6 +68,25 @@ TEST(Recording, GivesDeviceCoordinates) {
   dc.LineTo(2000, 1000);
   EXPECT_EQ(surface.lines(),
             (std::vector<std::string>{"LineTo 0,100 200,0 pen solid 1 0x000000 rop 13"}));
+}
+
+// Needs a locale with a decimal comma; a machine may have none.
+TEST(Recording, NumbersKeepTheirPointInAnyLocale) {
+  const char* const names[] = {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"};
+  const char* found = nullptr;
+  for (const char* name : names)
+    if (!found) found = std::setlocale(LC_NUMERIC, name);
+  if (!found) GTEST_SKIP() << "no locale with a decimal comma";
+  qdr::RecordingSurface surface(CSize(200, 100));
+  CDC dc(&surface);
+  dc.AngleArc(10, 20, 5, 90, 22.5);
+  CString number;
+  number.Format(L"%.2f %g", 2.25, _wtof(L"0.5"));
+  std::setlocale(LC_NUMERIC, "C");
+  ASSERT_EQ(surface.lines().size(), 1u);
+  EXPECT_NE(surface.lines().front().find("from 90 sweep 22.5 pen"), std::string::npos)
+      << surface.lines().front();
+  EXPECT_EQ(number, L"2.25 0.5");
 }
 
 }  // namespace
