@@ -20,6 +20,9 @@ struct DashPattern {
   bool isSolid() const { return !(period > 0); }
 };
 
+/// A mitre of more than so many pen widths becomes a bevel.
+inline constexpr int kMiterLimit = 10;
+
 /// The pen as a surface needs it. A dash length is `unitsPerPixel` times shorter in pixels, per
 /// axis, so patterns keep their logical length under any mapping.
 struct DeviceStroke {

@@ -73,7 +73,9 @@ std::string SvgSurface::document() {
   appendNumber(text, size().cx);
   text += ' ';
   appendNumber(text, size().cy);
-  text += "\" fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n" + m_body;
+  // The limit of a viewer left to itself is lower.
+  text += "\" fill=\"none\" stroke-miterlimit=\"" + std::to_string(kMiterLimit);
+  text += "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n" + m_body;
   if (m_inGroup) text += "</g>\n";
   return text + "</svg>\n";
 }

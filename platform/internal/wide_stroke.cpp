@@ -13,7 +13,6 @@ namespace qdr {
 
 namespace {
 
-constexpr double kMiterLimit = 10.0;
 // The corner of a square cap, in half widths, and a little more.
 constexpr double kCornerReach = 1.5;
 

@@ -16,7 +16,6 @@ using Kind = PathStep::Kind;
 constexpr double kPointsPerMillimetre = 72 / 25.4;
 constexpr double kSmallestPage = 2;
 constexpr double kLargestPage = 5000;
-constexpr float kMiterLimit = 10;
 
 // Errors stay in the document and are asked for at its end.
 void ignoreError(HPDF_STATUS, HPDF_STATUS, void*) {}

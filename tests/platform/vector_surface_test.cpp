@@ -102,6 +102,12 @@ TEST(Svg, DashesShapesFillsAndClips) {
             std::string::npos);
 }
 
+// The corner of 20 degrees is a mitre on the raster, 5.8 pen widths long; the limit of SVG is 4.
+TEST(Svg, MitresReachAsFarAsOnTheRaster) {
+  EXPECT_NE(qdr::SvgSurface(smallPage()).document().find(" stroke-miterlimit=\"10\""),
+            std::string::npos);
+}
+
 TEST(Svg, DashesRunOnOverLines) {
   qdr::SvgSurface surface(smallPage());
   CDC dc(&surface);
