@@ -294,6 +294,19 @@ TEST(DrawingFile, ProjectAndRevisionRecordsAreDropped) {
   EXPECT_EQ(savedBytes(*loaded).size(), kEmptyDrawing);
 }
 
+// The number of each table stands in front of its closing 0.
+TEST(DrawingFile, NumbersOfAutomaticNamesComeBack) {
+  std::string bytes = savedBytes(*std::make_unique<CQdrDbDatabase>(false));
+  putNumber(bytes, kSymbolTable + 2, std::uint32_t{0x01020304});
+  putNumber(bytes, kRevisionTable - 6, std::uint32_t{5});
+  putNumber(bytes, kBlockTable - 6, std::uint32_t{6});
+  const auto loaded = drawingOf(bytes);
+  EXPECT_EQ(loaded->m_symbolTable.GetNextName(), 0x01020304u);
+  EXPECT_EQ(loaded->m_projectInfoTable.GetNextName(), 5u);
+  EXPECT_EQ(loaded->m_revisionTable.GetNextName(), 6u);
+  EXPECT_EQ(savedBytes(*loaded), bytes);
+}
+
 TEST(DrawingFile, SymbolRecordsComeBack) {
   CQdrDbDatabase database(false);
   wchar_t name[CQdrDbTableRecord::kNameSize];
