@@ -184,7 +184,7 @@ class QDR_API CQdrGePolyline2d : public CQdrGeEntity2d {
 
   /// Appends the crossings to `points`, segment by segment in order, and drops each that follows
   /// its like within 0.001. `count` is the size of `points` then; true when it is not 0. False for
-  /// a mode of 4 or more.
+  /// a mode of 4 or more. Two polylines give their first 2^24 crossings at most.
   bool intersectWith(const CQdrGeLine2d& line, int& count, std::vector<CQdrGePoint2d>& points,
                      Intersect mode, double tol) const;
   bool intersectWith(const CQdrGeCircArc2d& arc, int& count, std::vector<CQdrGePoint2d>& points,
@@ -221,8 +221,8 @@ class QDR_API CQdrGePolyline2d : public CQdrGeEntity2d {
   /// False, and not a bit changed, when nothing of the offset remains.
   bool offset(const CQdrGePoint2d& side, double dist);
 
-  /// Appends all chains of the offset to `pieces`, owned by the caller, and answers their number.
-  /// No place of a piece is nearer to this polyline than `dist` - 0.002. Two names of one call.
+  /// Appends all chains of the offset to `pieces`, owned by the caller, and answers their number;
+  /// none beyond 2^23 crossings. No place of a piece is nearer than `dist` - 0.002. Two names.
   int offset(const CQdrGePoint2d& side, double dist, std::vector<void*>& pieces, bool both) const;
   int getOffsetPolylines(const CQdrGePoint2d& side, double dist, std::vector<void*>& pieces,
                          bool both) const;

@@ -98,18 +98,23 @@ std::vector<ChainHit> hitsWithCurve(const CQdrGePolyline2d& chain, const Curve& 
 /// Collects the crossings of a chain, segment after segment, without neighbours that repeat.
 class HitCollector {
  public:
+  explicit HitCollector(std::size_t most) : m_most(most) {}
+
+  bool isFull() const { return m_hits.size() >= m_most; }
+
   void add(int segment, const Crossing& crossing) {
     for (int k = 0; k < crossing.count; ++k) {
       const CQdrGePoint2d& point = crossing.points[static_cast<std::size_t>(k)];
       const bool repeats = !m_hits.empty() && m_hits.back().segment == segment &&
                            m_hits.back().point.isEqualTo(point, kSameHitTolerance);
-      if (!repeats) m_hits.push_back({segment, point});
+      if (!repeats && !isFull()) m_hits.push_back({segment, point});
     }
   }
 
   std::vector<ChainHit> take() { return std::move(m_hits); }
 
  private:
+  std::size_t m_most;
   std::vector<ChainHit> m_hits;
 };
 
@@ -151,10 +156,10 @@ std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeCircAr
 }
 
 std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
-                                      Intersect mode, double tol) {
-  HitCollector collector;
+                                      Intersect mode, double tol, std::size_t most) {
+  HitCollector collector(most);
   const std::vector<SegmentCurve> others = segmentCurves(other);
-  for (int i = 0; i < chain.numVerts(); ++i) {
+  for (int i = 0; i < chain.numVerts() && !collector.isFull(); ++i) {
     const SegmentCurve curve = segmentCurve(chain, i);
     for (const SegmentCurve& otherCurve : others)
       collector.add(i, crossSegments(otherCurve, curve, swappedMode(mode), tol));
@@ -163,12 +168,12 @@ std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrG
 }
 
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
-                               Intersect mode, double tol) {
+                               Intersect mode, double tol, std::size_t most) {
   const std::size_t pairs = chain.points().size() * other.points().size();
   if (mode != CQdrGeEntity2d::kExtendNone || pairs < kIndexedPairs)
-    return hitsByPlainWalk(chain, other, mode, tol);
+    return hitsByPlainWalk(chain, other, mode, tol, most);
 
-  HitCollector collector;
+  HitCollector collector(most);
   const std::vector<SegmentCurve> curves = segmentCurves(chain);
   const std::vector<SegmentCurve> others = segmentCurves(other);
   const BoxIndex index(hitBoxes(chain, tol), BoxIndex::Order::given);
@@ -176,7 +181,7 @@ std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGePolyli
   const auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
   forEachNearPair(index, otherIndex, overlap, [&](std::size_t i, std::size_t j) {
     collector.add(static_cast<int>(i), crossSegments(others[j], curves[i], mode, tol));
-    return true;
+    return !collector.isFull();
   });
   return collector.take();
 }

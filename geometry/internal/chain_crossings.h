@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "geometry/polyline2d.h"
@@ -19,17 +20,24 @@ std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeLine2d
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
                                CQdrGeEntity2d::Intersect mode, double tol);
 
+/// Crossings of two chains that are looked for at most, so that memory stays bounded: there may be
+/// as many as pairs of segments.
+inline constexpr std::size_t kMostHits = std::size_t{1} << 24;
+
 /// For each segment of `chain` the crossings along `other`, of which each is dropped that lies
 /// within 0.001 of the one before it on the same segment. With many vertices and no extension the
 /// pairs come from an index over boxes; answers and their order are those of the loop over pairs.
+/// Of more than `most` the first ones.
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
-                               CQdrGeEntity2d::Intersect mode, double tol);
+                               CQdrGeEntity2d::Intersect mode, double tol,
+                               std::size_t most = kMostHits);
 
 /// Number of segment pairs from which the index is worth its building.
 inline constexpr std::size_t kIndexedPairs = 256;
 
 /// The same by the plain loop over pairs.
 std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
-                                      CQdrGeEntity2d::Intersect mode, double tol);
+                                      CQdrGeEntity2d::Intersect mode, double tol,
+                                      std::size_t most = kMostHits);
 
 }  // namespace qdr

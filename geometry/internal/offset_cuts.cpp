@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <set>
+#include <tuple>
 
 #include "geometry/internal/curve_intersection.h"
 #include "geometry/tolerance.h"
@@ -10,15 +12,25 @@ namespace qdr {
 
 namespace {
 
+// A block of meetings is worth a search for repeats from this size on.
+constexpr std::size_t kManyMeetings = 64;
+
 bool isNearer(const Vec& a, const Vec& b, double reach) {
   return distanceSqrd(a, b) <= reach * reach;
+}
+
+// A cut again at the same place changes nothing.
+bool isSameCut(const Cut& a, const Cut& b) {
+  return a.place.segment == b.place.segment && a.place.param == b.place.param &&
+         a.place.point.x == b.place.point.x && a.place.point.y == b.place.point.y &&
+         a.isWeak == b.isWeak;
 }
 
 class CutCollector {
  public:
   CutCollector(const OffsetClip& clip, const OffsetCurve& curve,
-               std::span<const Standing> standings)
-      : m_clip(clip), m_curve(curve), m_standings(standings) {}
+               std::span<const Standing> standings, std::size_t most)
+      : m_clip(clip), m_curve(curve), m_standings(standings), m_most(most) {}
 
   CurveCuts run();
 
@@ -35,12 +47,14 @@ class CutCollector {
   void addSelfCuts(std::size_t j);
   void addEndCuts();
   void finishSegment();
+  void endOthers(std::size_t first);
   BoxIndex indexOfUnburied() const;
   void findOtherMeetings(const BoxIndex& unburied);
 
   const OffsetClip& m_clip;
   const OffsetCurve& m_curve;
   std::span<const Standing> m_standings;
+  std::size_t m_most;
   std::vector<OtherMeeting> m_others;
   std::size_t m_nextOther = 0;
   CurveCuts m_found;
@@ -131,6 +145,8 @@ void CutCollector::finishSegment() {
   addEndCuts();
   std::stable_sort(cuts.begin() + first, cuts.end(),
                    [](const Cut& a, const Cut& b) { return isEarlier(a.place, b.place); });
+  cuts.erase(std::unique(cuts.begin() + first, cuts.end(), isSameCut), cuts.end());
+  m_found.areTooMany = m_found.areTooMany || cuts.size() > m_most;
   m_near.clear();
 }
 
@@ -146,15 +162,40 @@ BoxIndex CutCollector::indexOfUnburied() const {
 // An object, not a function: the walk through the index takes it in.
 constexpr auto boxesOverlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
 
+// The meetings from `first` on are all those of one segment. Where many segments of the other side
+// run over one another, most are repeats; the first of each stays.
+void CutCollector::endOthers(std::size_t first) {
+  m_found.areTooMany = m_found.areTooMany || m_others.size() > m_most;
+  if (m_others.size() - first < kManyMeetings) return;
+  const auto key = [](const Meeting& meeting) {
+    const Vec& p = meeting.points[0];
+    const Vec& q = meeting.points[meeting.count - 1];
+    return std::tuple(meeting.count, p.x, p.y, q.x, q.y);
+  };
+  std::set<decltype(key(Meeting()))> known;
+  const auto isRepeat = [&](const OtherMeeting& other) {
+    return !known.insert(key(other.meeting)).second;
+  };
+  const auto begin = m_others.begin() + static_cast<std::ptrdiff_t>(first);
+  m_others.erase(std::remove_if(begin, m_others.end(), isRepeat), m_others.end());
+}
+
 void CutCollector::findOtherMeetings(const BoxIndex& unburied) {
   const std::vector<TravelSegment> others =
       segmentsOf(m_clip.other.points, m_clip.other.bulges, false);
   const BoxIndex index(boxesOf(others, 0.0), BoxIndex::Order::given);
+  std::size_t first = 0;
   forEachNearPair(unburied, index, boxesOverlap, [&](std::size_t i, std::size_t j) {
     const Meeting meeting = meetSegments(m_curve.segments[i], others[j]);
-    if (meeting.count > 0) m_others.push_back({i, meeting});
-    return true;
+    if (meeting.count == 0) return true;
+    if (first < m_others.size() && m_others[first].segment != i) {
+      endOthers(first);
+      first = m_others.size();
+    }
+    m_others.push_back({i, meeting});
+    return !m_found.areTooMany;
   });
+  endOthers(first);
 }
 
 CurveCuts CutCollector::run() {
@@ -163,8 +204,8 @@ CurveCuts CutCollector::run() {
   forEachNearPair(unburied, m_curve.index, boxesOverlap, [&](std::size_t i, std::size_t j) {
     if (i != m_current && !m_near.empty()) finishSegment();
     m_current = i;
-    m_near.push_back(static_cast<std::uint32_t>(j));
-    return true;
+    if (!m_found.areTooMany) m_near.push_back(static_cast<std::uint32_t>(j));
+    return !m_found.areTooMany;
   });
   if (!m_near.empty()) finishSegment();
   return std::move(m_found);
@@ -191,8 +232,8 @@ bool lieAlong(const TravelSegment& a, const TravelSegment& b) {
 }
 
 CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve,
-                 std::span<const Standing> standings) {
-  return CutCollector(clip, curve, standings).run();
+                 std::span<const Standing> standings, std::size_t most) {
+  return CutCollector(clip, curve, standings, most).run();
 }
 
 }  // namespace qdr

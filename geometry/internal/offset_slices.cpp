@@ -175,6 +175,7 @@ std::vector<Slice> OffsetClipper::withKeptOfFallen(const SliceCollector& slices)
 }
 
 std::vector<VertexChain> OffsetClipper::run() {
+  if (m_cuts.areTooMany) return {};
   walk();
   const std::vector<Slice> kept = withKeptOfFallen(better());
   std::vector<VertexChain> chains;
