@@ -1,20 +1,15 @@
 #pragma once
 
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "database/database.h"
 #include "database/file/drawing_scanner.h"
 #include "entities/line.h"
+#include "fuzz/demand.h"
 #include "platform/headless/memory_file.h"
 
 namespace qdr_fuzz {
-
-/// Ends the process when a promise of the reader is broken.
-inline void demand(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// The fixed blocks and the plane of a new drawing, in front of what a fuzzer thinks up: their
 /// fields have no structure to get wrong, and inputs stay small.

@@ -2,7 +2,9 @@
 
 namespace {
 
-PlatformContext contextWith(qdr::HeadlessPlatform& platform, qdr::ScriptStage::Facts facts) {
+PlatformContext contextWith(qdr::HeadlessPlatform& platform, qdr::ScriptStage::Facts facts,
+                            IFileSystem* files) {
+  platform.files = files;
   PlatformContext context = platform.context();
   if (facts == qdr::ScriptStage::Facts::machine) context.system = nullptr;
   return context;
@@ -12,8 +14,8 @@ PlatformContext contextWith(qdr::HeadlessPlatform& platform, qdr::ScriptStage::F
 
 namespace qdr {
 
-ScriptStage::ScriptStage(const HostOptions& options, Facts facts)
-    : m_installed(contextWith(m_platform, facts)),
+ScriptStage::ScriptStage(const HostOptions& options, Facts facts, IFileSystem* files)
+    : m_installed(contextWith(m_platform, facts, files)),
       m_host(std::make_unique<DrawingHost>(options)),
       m_viewPeer(std::make_unique<HeadlessWindow>(m_host->view(), options.viewSize)) {
   m_viewPeer->setDeviceContext(&m_host->screen().dc());

@@ -18,7 +18,10 @@ class QDR_API ScriptStage {
     fixed     ///< those of the headless system, which stand still
   };
 
-  explicit ScriptStage(const HostOptions& options = {}, Facts facts = Facts::machine);
+  /// `files` is what scripts open and save in, null for the files of the machine; it outlives the
+  /// stage.
+  explicit ScriptStage(const HostOptions& options = {}, Facts facts = Facts::machine,
+                       IFileSystem* files = nullptr);
   ~ScriptStage();
   ScriptStage(const ScriptStage&) = delete;
   ScriptStage& operator=(const ScriptStage&) = delete;

@@ -1,26 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 
 #include "fuzz/drawing_file_target.h"
+#include "tests/fuzz/corpus.h"
 
 namespace {
 
-// The seed corpus, smallest file first.
 std::vector<std::string> corpus() {
-  std::vector<std::string> seeds;
-  const std::filesystem::path folder =
-      std::filesystem::path(QDR_SOURCE_DIR) / "fuzz" / "corpus" / "drawing_file";
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    std::ifstream file(entry.path(), std::ios::binary);
-    seeds.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-  }
-  std::ranges::sort(seeds, {}, &std::string::size);
-  return seeds;
+  return qdr_test::corpusOf("drawing_file");
 }
 
 TEST(DrawingFileReplay, SeedsAreSound) {
@@ -60,26 +48,7 @@ TEST(DrawingFileReplay, RandomDamage) {
   std::minstd_rand random(seedNumber);
   const std::vector<std::string> seeds = corpus();
   for (int round = 0; round < 2000; ++round) {
-    std::string bytes = seeds[random() % seeds.size()];
-    for (std::size_t hits = 1 + random() % 6; hits > 0; --hits) {
-      const std::size_t at = random() % bytes.size();
-      switch (random() % 4) {
-        case 0:
-          bytes[at] = static_cast<char>(random());
-          break;
-        case 1:
-          bytes.erase(at, 1 + random() % 64);
-          break;
-        case 2:
-          bytes.insert(at, bytes.substr(random() % bytes.size(), 1 + random() % 400));
-          break;
-        default:
-          bytes[at] = static_cast<char>(random() % 32);
-          break;
-      }
-      if (bytes.empty()) break;
-    }
-    qdr_fuzz::tryDrawing(bytes);
+    qdr_fuzz::tryDrawing(qdr_test::damaged(seeds[random() % seeds.size()], random));
   }
 }
 
