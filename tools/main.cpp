@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <iostream>
+#include <new>
 
 #include "database/file/drawing_scanner.h"
 #include "platform/file.h"
@@ -53,6 +54,9 @@ int main(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& fault) {
     return app.exit(fault) == 0 ? qdr_tools::kSound : qdr_tools::kUsage;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "qdr: memory ran out\n";
+    return qdr_tools::kNoMemory;
   }
   return exitCode;
 }

@@ -12,6 +12,7 @@ enum ExitCode : int {
   kNoResult = 1,
   kUsage = 2,
   kFileTrouble = 3,
+  kNoMemory = 4,
 };
 
 /// Adds a verb. When the program runs it, its answer is in `exitCode`, which outlives `app`.

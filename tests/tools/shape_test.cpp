@@ -108,6 +108,24 @@ TEST_F(Shape, TextFaultsTellTheirPlace) {
   }
 }
 
+// Two combs of 2000 teeth cross in four million places, which do not fit beside the program.
+TEST_F(Shape, RunsOutOfMemoryInOrder) {
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "the sanitizer needs more address space than a limit leaves";
+#endif
+  for (const bool upright : {false, true}) {
+    std::ofstream comb(path(upright ? "upright.txt" : "level.txt"));
+    for (int i = 0; i < 4000; ++i) {
+      const int along = (i + 1) / 2 % 2 * 2002 - 1;
+      comb << (upright ? i / 2 : along) << ',' << (upright ? along : i / 2) << '\n';
+    }
+  }
+  const Answer answer =
+      runQdr("shape cross @" + path("level.txt") + " @" + path("upright.txt"), "ulimit -v 150000;");
+  EXPECT_EQ(answer.exitCode, 4);
+  EXPECT_EQ(answer.out, "qdr: memory ran out\n");
+}
+
 TEST_F(Shape, JsonKeepsAllDigits) {
   const Answer answer = runQdr("shape cross '0,0 3,0' '1,-1 1.0000000000000002,1' --json");
   EXPECT_EQ(answer.exitCode, 0);
