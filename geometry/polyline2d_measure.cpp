@@ -6,7 +6,7 @@
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/bulge.h"
-#include "geometry/internal/curve_intersection.h"
+#include "geometry/internal/curve_nearness.h"
 #include "geometry/internal/travel_segment.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"

@@ -4,15 +4,9 @@
 #include <array>
 #include <cstdint>
 
-#include "geometry/internal/curve_intersection.h"
-
 namespace qdr {
 
 namespace {
-
-/// How many source segments are asked whether they bury a broken segment. Where many are near,
-/// nearly any of them does.
-constexpr int kBurialTries = 16;
 
 /// Corners of a convex hull: the ends of a line; of an arc also the crossing of its tangents, or
 /// its box when it turns too far for that.
@@ -53,19 +47,20 @@ std::vector<Box> boxesOf(std::span<const TravelSegment> segments, double margin)
   return boxes;
 }
 
-Clearance::Clearance(std::vector<TravelSegment> source, double limit)
+Clearance::Clearance(std::vector<TravelSegment> source, double limit, double widening)
     : m_source(std::move(source)),
-      m_index(boxesOf(m_source, 0.0), BoxIndex::Order::given),
+      m_index(boxesOf(m_source, widening), BoxIndex::Order::given),
       m_limit(std::max(limit, 0.0)),
       m_limitSqrd(m_limit * m_limit) {}
 
-void Clearance::findNear(const TravelSegment& segment, std::vector<std::uint32_t>& near) const {
-  near.clear();
-  if (m_limit == 0.0) return;
+std::vector<std::uint32_t> Clearance::nearOf(const TravelSegment& segment) const {
+  std::vector<std::uint32_t> near;
+  if (m_limit == 0.0) return near;
   m_index.forEachWithin(segment.box(), m_limit, [&](std::size_t j) {
     near.push_back(static_cast<std::uint32_t>(j));
     return true;
   });
+  return near;
 }
 
 bool Clearance::isBuried(const TravelSegment& part, std::uint32_t j) const {
@@ -74,7 +69,7 @@ bool Clearance::isBuried(const TravelSegment& part, std::uint32_t j) const {
   if (source.isArc()) return isBuriedByArc(part, hull.span(), source);
   // The places nearer than the limit to a line are a convex set.
   return std::all_of(hull.span().begin(), hull.span().end(),
-                     [&](const Vec& p) { return distanceSqrdTo(source, p) < m_limitSqrd; });
+                     [&](const Vec& p) { return isPlaceNearer(source, p, m_limit); });
 }
 
 /// Near one end of the arc, or between its concentric neighbours and the arms to its ends.
@@ -91,28 +86,90 @@ bool Clearance::isBuriedByArc(const TravelSegment& part, std::span<const Vec> hu
   });
   if (!isBetweenArms) return false;
   const double inner = arc.radius - m_limit;
-  return inner < 0.0 || distanceSqrdTo(part, arc.center) > inner * inner;
+  return inner < 0.0 || !isPlaceNearer(part, arc.center, inner);
 }
 
-std::vector<Standing> Clearance::standingsOf(std::span<const TravelSegment> segments,
-                                             const BoxIndex& index) const {
-  std::vector<Standing> standings(segments.size());
-  if (m_limit == 0.0) return standings;
-  std::vector<std::uint8_t> tries(segments.size(), 0);
+/// Takes the segments one after the other, each with the source segments that may be near.
+class Clearance::StandingFinder {
+ public:
+  StandingFinder(const Clearance& clearance, std::span<const TravelSegment> segments)
+      : m_clearance(clearance), m_segments(segments) {
+    m_found.standings.resize(segments.size());
+    m_found.firstNear.reserve(segments.size() + 1);
+    m_found.firstNear.push_back(0);
+  }
+
+  /// False when no more need be shown of segment `i`.
+  bool show(std::size_t i, std::uint32_t j) {
+    if (i >= m_found.firstNear.size()) finishUpTo(i);
+    Standing& standing = m_found.standings[i];
+    const bool isListed = m_found.near.size() - m_found.firstNear[i] <= Standings::kMostNear;
+    if (isListed) m_found.near.push_back(j);
+    const bool staysClear = standing.kind == Standing::clear &&
+                            !isNearer(m_segments[i], m_clearance.m_source[j], m_clearance.m_limit);
+    if (staysClear) return true;
+    if (m_looks < kMostLooks) look(m_segments[i], j, standing);
+    return standing.kind != Standing::buried && (isListed || m_looks < kMostLooks);
+  }
+
+  Standings take() {
+    finishUpTo(m_segments.size());
+    return std::move(m_found);
+  }
+
+ private:
+  /// How many source segments are asked whether they bury a broken segment. Where many are near,
+  /// nearly any of them does.
+  static constexpr int kMostLooks = 16;
+
+  void look(const TravelSegment& segment, std::uint32_t j, Standing& standing);
+  void finishUpTo(std::size_t i);
+
+  const Clearance& m_clearance;
+  std::span<const TravelSegment> m_segments;
+  Standings m_found;
+  int m_looks = 0;  // at segments that may bury the one that is broken
+};
+
+/// Of a segment that is broken, the first time by source segment `j`.
+void Clearance::StandingFinder::look(const TravelSegment& segment, std::uint32_t j,
+                                     Standing& standing) {
+  if (standing.kind == Standing::clear) {
+    standing.kind = Standing::broken;
+    standing.source = j;
+    standing.witness = m_clearance.isWithin(segment.start, j) ? 0.0
+                       : m_clearance.isWithin(segment.end, j)
+                           ? 1.0
+                           : segment.paramOf(nearestPlace(segment, m_clearance.m_source[j]).place);
+  }
+  ++m_looks;
+  if (m_clearance.isBuried(segment, j)) standing.kind = Standing::buried;
+}
+
+/// Ends the list of the segment before. Only of broken ones, and when it is whole, it is kept.
+void Clearance::StandingFinder::finishUpTo(std::size_t i) {
+  const std::size_t last = m_found.firstNear.size() - 1;
+  const std::size_t first = m_found.firstNear.back();
+  const bool isWanted = last < m_segments.size() &&
+                        m_found.standings[last].kind == Standing::broken &&
+                        m_found.near.size() - first <= Standings::kMostNear;
+  if (!isWanted) m_found.near.resize(first);
+  m_found.firstNear.resize(i + 1, static_cast<std::uint32_t>(m_found.near.size()));
+  m_looks = 0;
+}
+
+Standings Clearance::standingsOf(std::span<const TravelSegment> segments,
+                                 const BoxIndex& index) const {
+  StandingFinder finder(*this, segments);
   const auto isNear = [this](const Box& a, const Box& b) {
     return a.distanceSqrd(b) < m_limitSqrd;
   };
-  forEachNearPair(index, m_index, isNear, [&](std::size_t i, std::size_t j) {
-    Standing& standing = standings[i];
-    if (standing.kind == Standing::clear) {
-      if (!isNearer(segments[i], m_source[j], m_limitSqrd)) return true;
-      const Vec witness = nearestPlace(segments[i], m_source[j]).place;
-      standing = {Standing::broken, static_cast<std::uint32_t>(j), segments[i].paramOf(witness)};
-    }
-    if (isBuried(segments[i], static_cast<std::uint32_t>(j))) standing.kind = Standing::buried;
-    return standing.kind != Standing::buried && ++tries[i] < kBurialTries;
-  });
-  return standings;
+  if (m_limit > 0.0) {
+    forEachNearPair(index, m_index, isNear, [&](std::size_t i, std::size_t j) {
+      return finder.show(i, static_cast<std::uint32_t>(j));
+    });
+  }
+  return finder.take();
 }
 
 }  // namespace qdr

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "geometry/box_index.h"
-#include "geometry/internal/curve_intersection.h"
+#include "geometry/internal/curve_nearness.h"
 #include "geometry/internal/travel_segment.h"
+#include "geometry/tolerance.h"
 
 namespace qdr {
 
@@ -22,20 +23,62 @@ struct Standing {
   double witness = 0.0;      // parameter, of a broken segment
 };
 
+/// The standings of many segments. Of each broken one also the source segments that parts of it may
+/// be too near to, in ascending order, where they are not many.
+struct Standings {
+  static constexpr std::size_t kMostNear = 64;
+
+  /// Empty where they are many.
+  std::span<const std::uint32_t> nearOf(std::size_t i) const {
+    return {near.data() + firstNear[i], firstNear[i + 1] - firstNear[i]};
+  }
+
+  std::vector<Standing> standings;
+  std::vector<std::uint32_t> near;
+  std::vector<std::uint32_t> firstNear;
+};
+
+/// A segment with the bounds that tell most others apart from it.
+struct BoundedPart {
+  explicit BoundedPart(const TravelSegment& part)
+      : segment(part),
+        box(part.box()),
+        middle(part.middle()),
+        reach(distance(middle, part.start) + kPointTolerance) {}
+
+  TravelSegment segment;
+  Box box;
+  Vec middle;
+  double reach;  // no place of it is farther from the middle
+};
+
 /// The least distance that segments have to keep from a source chain, by closed forms per pair.
 class Clearance {
  public:
-  /// A `limit` not above 0 is kept by everything.
-  Clearance(std::vector<TravelSegment> source, double limit);
+  /// A `limit` not above 0 is kept by everything. The boxes that are searched are wider by
+  /// `widening`.
+  Clearance(std::vector<TravelSegment> source, double limit, double widening = 0.0);
 
-  /// Fills `near` with the source segments that any part of `segment` may be too near to.
-  void findNear(const TravelSegment& segment, std::vector<std::uint32_t>& near) const;
+  /// The source segments that any part of `segment` may be too near to.
+  std::vector<std::uint32_t> nearOf(const TravelSegment& segment) const;
 
-  /// True when some place of the part, whose box is given, is nearer than the limit to source
-  /// segment `j`.
-  bool isBroken(const TravelSegment& part, const Box& box, std::uint32_t j) const {
-    return m_index.boxAt(j).distanceSqrd(box) < m_limitSqrd &&
-           isNearer(part, m_source[j], m_limitSqrd);
+  /// True when some place of the part is nearer than the limit to source segment `j`.
+  bool isBroken(const BoundedPart& part, std::uint32_t j) const {
+    return m_index.boxAt(j).distanceSqrd(part.box) < m_limitSqrd &&
+           isPlaceNearer(m_source[j], part.middle, m_limit + part.reach) &&
+           isNearer(part.segment, m_source[j], m_limit);
+  }
+
+  /// The same for the whole source.
+  bool isBroken(const BoundedPart& part) const {
+    return !m_index.forEachWithin(part.box, m_limit, [&](std::size_t j) {
+      return !isBroken(part, static_cast<std::uint32_t>(j));
+    });
+  }
+
+  /// Whether a place is nearer than the limit to source segment `j`.
+  bool isWithin(const Vec& p, std::uint32_t j) const {
+    return isPlaceNearer(m_source[j], p, m_limit);
   }
 
   /// True when one look proves every place of the part nearer than the limit to source segment `j`.
@@ -53,10 +96,11 @@ class Clearance {
 
   /// The standing of every segment; `index` holds their boxes in their order. Buried is told only
   /// where one source segment alone proves it.
-  std::vector<Standing> standingsOf(std::span<const TravelSegment> segments,
-                                    const BoxIndex& index) const;
+  Standings standingsOf(std::span<const TravelSegment> segments, const BoxIndex& index) const;
 
  private:
+  class StandingFinder;
+
   bool isBuriedByArc(const TravelSegment& part, std::span<const Vec> hull,
                      const TravelSegment& arc) const;
 

@@ -43,20 +43,4 @@ std::vector<SegmentMeeting> allMeetings(std::span<const TravelSegment> segments)
 /// Where a segment meets a full circle.
 Meeting meetCircle(const TravelSegment& segment, const Vec& center, double radius);
 
-/// Square of the distance from a place to the nearest place of the segment.
-double distanceSqrdTo(const TravelSegment& segment, const Vec& p);
-
-/// A place of one segment and how near, squared, another comes to it.
-struct NearPlace {
-  double distanceSqrd;
-  Vec place;
-};
-
-/// The place of `a` that is nearest to `b`, in closed form: where they meet, an end of either, or
-/// on the common normal.
-NearPlace nearestPlace(const TravelSegment& a, const TravelSegment& b);
-
-/// Whether some place of `a` is nearer to `b` than the root of `limitSqrd`.
-bool isNearer(const TravelSegment& a, const TravelSegment& b, double limitSqrd);
-
 }  // namespace qdr

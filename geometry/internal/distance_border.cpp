@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "geometry/internal/curve_intersection.h"
+#include "geometry/internal/curve_nearness.h"
 
 namespace qdr {
 

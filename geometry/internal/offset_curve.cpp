@@ -1,14 +1,16 @@
 #include "geometry/internal/offset_curve.h"
 
+#include <cmath>
+
 #include "geometry/internal/bulge.h"
 #include "geometry/internal/clearance.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {
 
-OffsetCurve::OffsetCurve(const VertexChain& raw)
+OffsetCurve::OffsetCurve(const VertexChain& raw, double widening)
     : segments(segmentsOf(raw.points, raw.bulges, false)),
-      index(boxesOf(segments, kCurveTolerance), BoxIndex::Order::given),
+      index(boxesOf(segments, kCurveTolerance + widening), BoxIndex::Order::given),
       isLoop(distanceSqrd(raw.points.front(), raw.points.back()) == 0.0) {}
 
 bool OffsetCurve::areNeighbours(std::size_t i, std::size_t j) const {
@@ -21,17 +23,34 @@ RawPlace OffsetCurve::placeAt(std::size_t i, double param) const {
   return {i, param, param > 0.0 ? segments[i].pointAt(param) : segments[i].start};
 }
 
+double OffsetCurve::bulgeOf(const CurvePart& part) const {
+  const TravelSegment& segment = segments[part.segment];
+  if (part.isWhole() || !segment.isArc()) return segment.bulge;
+  // Nearly one place twice, which rounding may have exchanged, would count as the whole turn.
+  const double bulge = segment.bulgeTo(part.start, part.end);
+  return std::abs(bulge) <= std::abs(segment.bulge)
+             ? bulge
+             : bulgeOfSweep(segment.sweep() * (part.to - part.from));
+}
+
+TravelSegment OffsetCurve::segmentOf(const CurvePart& part) const {
+  TravelSegment segment = segments[part.segment];
+  segment.start = part.start;
+  segment.end = part.end;
+  segment.bulge = bulgeOf(part);
+  if (!isArcBulge(segment.bulge)) segment.bulge = 0.0;
+  return segment;
+}
+
 Box OffsetCurve::boxOf(const Slice& slice) const {
   Box bounds;
-  forEachPart(slice, [&](std::size_t i, double, double) { bounds.add(index.boxAt(i)); });
+  forEachPart(slice, [&](const CurvePart& part) { bounds.add(segments[part.segment].box()); });
   return bounds;
 }
 
 double OffsetCurve::lengthOf(const Slice& slice) const {
   double sum = 0.0;
-  forEachPart(slice, [&](std::size_t i, double from, double to) {
-    sum += segments[i].length() * (to - from);
-  });
+  forEachPart(slice, [&](const CurvePart& part) { sum += lengthOf(part); });
   return sum;
 }
 
@@ -40,13 +59,7 @@ VertexChain OffsetCurve::chainOf(const Slice& slice) const {
   const std::size_t count = slice.to.segment - slice.from.segment + 2;
   chain.points.reserve(count);
   chain.bulges.reserve(count);
-  Vec start = slice.from.point;
-  forEachPart(slice, [&](std::size_t i, double from, double to) {
-    const TravelSegment& segment = segments[i];
-    const bool isWhole = from == 0.0 && to == 1.0;
-    chain.add(start, isWhole ? segment.bulge : bulgeOfSweep(segment.sweep() * (to - from)));
-    start = segment.end;
-  });
+  forEachPart(slice, [&](const CurvePart& part) { chain.add(part.start, bulgeOf(part)); });
   chain.add(slice.to.point, 0.0);
   return chain;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "geometry/box_index.h"
@@ -21,6 +22,17 @@ inline bool isEarlier(const RawPlace& a, const RawPlace& b) {
   return a.segment != b.segment ? a.segment < b.segment : a.param < b.param;
 }
 
+/// A part of one segment of the raw offset, by parameters and by the places there.
+struct CurvePart {
+  std::size_t segment = 0;
+  double from = 0.0;
+  double to = 1.0;
+  Vec start;
+  Vec end;
+
+  bool isWhole() const { return from == 0.0 && to == 1.0; }
+};
+
 /// A stretch of the raw offset; `to` comes behind `from`.
 struct Slice {
   RawPlace from;
@@ -29,7 +41,8 @@ struct Slice {
 
 /// The raw offset as segments, with an index over their boxes.
 struct OffsetCurve {
-  explicit OffsetCurve(const VertexChain& raw);
+  /// The boxes of the index are wider by `widening`.
+  explicit OffsetCurve(const VertexChain& raw, double widening = 0.0);
 
   std::size_t size() const { return segments.size(); }
   bool areNeighbours(std::size_t i, std::size_t j) const;
@@ -38,15 +51,28 @@ struct OffsetCurve {
   RawPlace end() const { return {segments.size(), 0.0, segments.back().end}; }
   RawPlace placeAt(std::size_t i, double param) const;
 
-  /// Calls visit(i, from, to) for the part of every segment that the slice runs over.
+  double bulgeOf(const CurvePart& part) const;
+
+  /// The part as a segment of its own; a flat arc may have straight parts.
+  TravelSegment segmentOf(const CurvePart& part) const;
+
+  double lengthOf(const CurvePart& part) const {
+    return segments[part.segment].length() * (part.to - part.from);
+  }
+
+  /// Calls visit(part) for the part of every segment that the slice runs over.
   template <class Visit>
   void forEachPart(const Slice& slice, Visit&& visit) const {
-    double from = slice.from.param;
-    for (std::size_t i = slice.from.segment; i < slice.to.segment; ++i) {
-      visit(i, from, 1.0);
-      from = 0.0;
+    CurvePart part{slice.from.segment, slice.from.param, 1.0, slice.from.point, {}};
+    for (; part.segment < slice.to.segment; ++part.segment) {
+      part.end = segments[part.segment].end;
+      visit(std::as_const(part));
+      part.from = 0.0;
+      part.start = part.end;
     }
-    if (slice.to.param > from) visit(slice.to.segment, from, slice.to.param);
+    part.to = slice.to.param;
+    part.end = slice.to.point;
+    if (part.to > part.from) visit(std::as_const(part));
   }
 
   /// Bounds of all segments that the slice touches.

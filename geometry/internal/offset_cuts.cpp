@@ -2,24 +2,23 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <set>
 #include <tuple>
 
 #include "geometry/internal/curve_intersection.h"
+#include "geometry/internal/curve_nearness.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {
 
 namespace {
 
-// A block of meetings is worth a search for repeats from this size on.
-constexpr std::size_t kManyMeetings = 64;
-
 bool isNearer(const Vec& a, const Vec& b, double reach) {
   return distanceSqrd(a, b) <= reach * reach;
 }
 
-// A cut again at the same place changes nothing.
+constexpr std::size_t kFewCuts = std::size_t{1} << 16;
+
+/// Two cuts at one place are as one.
 bool isSameCut(const Cut& a, const Cut& b) {
   return a.place.segment == b.place.segment && a.place.param == b.place.param &&
          a.place.point.x == b.place.point.x && a.place.point.y == b.place.point.y &&
@@ -28,133 +27,117 @@ bool isSameCut(const Cut& a, const Cut& b) {
 
 class CutCollector {
  public:
-  CutCollector(const OffsetClip& clip, const OffsetCurve& curve,
-               std::span<const Standing> standings, std::size_t most)
-      : m_clip(clip), m_curve(curve), m_standings(standings), m_most(most) {}
+  CutCollector(const OffsetClip& clip, const OffsetCurve& curve, const PartJudge& judge,
+               std::size_t most)
+      : m_clip(clip), m_curve(curve), m_judge(judge), m_most(most) {}
 
   CurveCuts run();
 
  private:
-  /// Where a segment meets one of the other side.
-  struct OtherMeeting {
-    std::size_t segment;
-    Meeting meeting;
-  };
-
-  bool isNearVertex(const Vec& p);
-  void addCut(const Vec& p, bool isWeak);
-  void addCuts(const Meeting& meeting);
-  void addSelfCuts(std::size_t j);
-  void addEndCuts();
-  void finishSegment();
-  void endOthers(std::size_t first);
+  bool isNearVertex(const Vec& p) const;
+  bool isBuried(std::size_t i) const { return m_judge.standings()[i].kind == Standing::buried; }
+  void addCut(std::size_t i, const Vec& p, bool isWeak);
+  void addCuts(std::size_t i, const Meeting& meeting);
+  void cutBoth(std::size_t i, std::size_t j);
+  void cutRoundEnds();
+  void cutSegment(std::size_t i);
   BoxIndex indexOfUnburied() const;
-  void findOtherMeetings(const BoxIndex& unburied);
+  void cutAtOther(const BoxIndex& unburied);
+  void cutAtItself(const BoxIndex& unburied);
+  void sortCuts();
 
   const OffsetClip& m_clip;
   const OffsetCurve& m_curve;
-  std::span<const Standing> m_standings;
+  const PartJudge& m_judge;
   std::size_t m_most;
-  std::vector<OtherMeeting> m_others;
-  std::size_t m_nextOther = 0;
   CurveCuts m_found;
-
-  // The segment that is being cut, all segments with a place or a vertex near it, and, once they
-  // are asked for, the vertices near it.
-  std::size_t m_current = 0;
+  std::size_t m_sortAt = kFewCuts;  // from this number of cuts on repeats go
+  // Segments with a place or a vertex near the one that is cut; empty while it is not known which.
   std::vector<std::uint32_t> m_near;
-  std::vector<Vec> m_nearVertices;
-  bool m_knowsVertices = false;
 };
 
-bool CutCollector::isNearVertex(const Vec& p) {
-  if (!m_knowsVertices) {
-    m_knowsVertices = true;
-    m_nearVertices.clear();
-    // The place may lie off the segment by rounding: twice the reach finds all that count.
-    constexpr double kReachSqrd = 4.0 * kMergeTolerance * kMergeTolerance;
-    const TravelSegment& segment = m_curve.segments[m_current];
-    for (const std::uint32_t j : m_near) {
-      for (const Vec& vertex : {m_curve.segments[j].start, m_curve.segments[j].end}) {
-        if (distanceSqrdTo(segment, vertex) <= kReachSqrd) m_nearVertices.push_back(vertex);
-      }
-    }
-  }
-  return std::any_of(m_nearVertices.begin(), m_nearVertices.end(),
-                     [&](const Vec& vertex) { return isNearer(p, vertex, kMergeTolerance); });
+bool CutCollector::isNearVertex(const Vec& p) const {
+  constexpr std::size_t kFew = 32;
+  const auto hasVertexNear = [&](std::size_t j) {
+    return isNearer(p, m_curve.segments[j].start, kMergeTolerance) ||
+           isNearer(p, m_curve.segments[j].end, kMergeTolerance);
+  };
+  if (!m_near.empty() && m_near.size() <= kFew)
+    return std::any_of(m_near.begin(), m_near.end(), hasVertexNear);
+  return !m_curve.index.forEachOverlap(boxOfPoint(p).inflated(kMergeTolerance),
+                                       [&](std::size_t j) { return !hasVertexNear(j); });
 }
 
-void CutCollector::addCut(const Vec& p, bool isWeak) {
-  const std::size_t i = m_current;
+void CutCollector::addCut(std::size_t i, const Vec& p, bool isWeak) {
+  std::vector<Cut>& cuts = m_found.cuts;
   const TravelSegment& segment = m_curve.segments[i];
-  const double t = std::clamp(segment.paramOf(p), 0.0, 1.0);
-  Cut cut{{i, t, p}, isWeak};
   if (isNearer(p, segment.end, kPointTolerance)) {
-    cut.place = {i + 1, 0.0, segment.end};
+    cuts.push_back({{i + 1, 0.0, segment.end}, isWeak});
   } else if (isNearer(p, segment.start, kPointTolerance)) {
-    cut.place = {i, 0.0, segment.start};
-  } else if (distanceSqrdTo(segment, p) > kPointTolerance * kPointTolerance) {
-    cut.place.point = segment.pointAt(t);  // far from the origin rounding takes it off
+    cuts.push_back({{i, 0.0, segment.start}, isWeak});
+  } else {
+    const double t = std::clamp(segment.paramOf(p), 0.0, 1.0);
+    // Far from the origin rounding takes it off.
+    const bool isOn = isPlaceNearer(segment, p, kPointTolerance);
+    cuts.push_back({{i, t, isOn ? p : segment.pointAt(t)}, isWeak});
   }
-  m_found.cuts.push_back(cut);
+  if (cuts.size() >= m_sortAt) sortCuts();
 }
 
-void CutCollector::addCuts(const Meeting& meeting) {
-  for (int k = 0; k < meeting.count; ++k)
-    addCut(meeting.points[k], isNearVertex(meeting.points[k]));
+void CutCollector::addCuts(std::size_t i, const Meeting& meeting) {
+  for (int k = 0; k < meeting.count; ++k) {
+    const Vec& p = meeting.points[k];
+    if (!m_judge.isSunk(i, p)) addCut(i, p, isNearVertex(p));
+  }
 }
 
-void CutCollector::addSelfCuts(std::size_t j) {
-  const std::size_t i = m_current;
-  if (i == j || m_standings[j].kind == Standing::buried) return;
-  // In one order, so that both segments are cut at one place.
-  const TravelSegment& a = m_curve.segments[std::min(i, j)];
-  const TravelSegment& b = m_curve.segments[std::max(i, j)];
-  if (!m_curve.areNeighbours(i, j)) {
-    const Meeting meeting = meetSegments(a, b);
-    if (meeting.count == 0 && lieAlong(a, b)) {
-      m_found.liesAlong.resize(m_curve.size());
-      m_found.liesAlong[i] = true;
-    }
-    return addCuts(meeting);
+/// Both at one place, where two segments of the raw offset meet.
+void CutCollector::cutBoth(std::size_t i, std::size_t j) {
+  const TravelSegment& a = m_curve.segments[i];
+  const TravelSegment& b = m_curve.segments[j];
+  const bool areNeighbours = m_curve.areNeighbours(i, j);
+  const bool closesLoop = j - i > 1;
+  const Meeting meeting =
+      areNeighbours ? meetNeighbours(a, b, closesLoop ? a.start : a.end) : meetSegments(a, b);
+  for (int k = 0; k < meeting.count; ++k) {
+    const Vec& p = meeting.points[k];
+    if (m_judge.isSunk(i, p) || m_judge.isSunk(j, p)) continue;
+    const bool isWeak = isNearVertex(p);
+    // Near a vertex a crossing of neighbours is the one that they share.
+    if (areNeighbours && isWeak) continue;
+    addCut(i, p, isWeak);
+    addCut(j, p, isWeak);
   }
-  const bool closesLoop = std::max(i, j) - std::min(i, j) > 1;
-  const Meeting meeting = meetNeighbours(a, b, closesLoop ? a.start : a.end);
-  // Near a vertex a crossing of neighbours is the one that they share.
-  if (meeting.count > 0 && !isNearVertex(meeting.points[0])) addCut(meeting.points[0], false);
+  if (meeting.count == 0 && !areNeighbours && lieAlong(a, b)) {
+    m_found.liesAlong.resize(m_curve.size());
+    m_found.liesAlong[i] = m_found.liesAlong[j] = true;
+  }
 }
 
 /// Round the ends of an open source the distance ends in a circle, which no raw offset follows.
-void CutCollector::addEndCuts() {
+void CutCollector::cutRoundEnds() {
   if (m_clip.sourceClosed || m_curve.isLoop) return;
-  const double reachSqrd = m_clip.distance * m_clip.distance;
   for (const Vec& end : {m_clip.sourcePoints.front(), m_clip.sourcePoints.back()}) {
-    if (m_curve.index.boxAt(m_current).distanceSqrd(boxOfPoint(end)) > reachSqrd) continue;
-    addCuts(meetCircle(m_curve.segments[m_current], end, m_clip.distance));
+    const Box box = boxOfPoint(end).inflated(m_clip.distance + kPointTolerance);
+    m_curve.index.forEachOverlap(box, [&](std::size_t i) {
+      if (!isBuried(i)) addCuts(i, meetCircle(m_curve.segments[i], end, m_clip.distance));
+      return true;
+    });
   }
 }
 
-void CutCollector::finishSegment() {
-  std::vector<Cut>& cuts = m_found.cuts;
-  const auto first = static_cast<std::ptrdiff_t>(cuts.size());
-  m_knowsVertices = false;
-  for (const std::uint32_t j : m_near)
-    addSelfCuts(j);
-  for (; m_nextOther < m_others.size() && m_others[m_nextOther].segment == m_current; ++m_nextOther)
-    addCuts(m_others[m_nextOther].meeting);
-  addEndCuts();
-  std::stable_sort(cuts.begin() + first, cuts.end(),
-                   [](const Cut& a, const Cut& b) { return isEarlier(a.place, b.place); });
-  cuts.erase(std::unique(cuts.begin() + first, cuts.end(), isSameCut), cuts.end());
-  m_found.areTooMany = m_found.areTooMany || cuts.size() > m_most;
+void CutCollector::cutSegment(std::size_t i) {
+  for (const std::uint32_t j : m_near) {
+    if (j > i && !isBuried(j)) cutBoth(i, j);
+  }
   m_near.clear();
 }
 
 /// Boxes of the segments that are cut, with the margin within which vertices count as near.
 BoxIndex CutCollector::indexOfUnburied() const {
-  std::vector<Box> boxes = boxesOf(m_curve.segments, kMergeTolerance);
+  std::vector<Box> boxes = boxesOf(m_curve.segments, kMergeTolerance + m_clip.widening);
   for (std::size_t i = 0; i < boxes.size(); ++i) {
-    if (m_standings[i].kind == Standing::buried) boxes[i] = Box();
+    if (isBuried(i)) boxes[i] = Box();
   }
   return BoxIndex(std::move(boxes), BoxIndex::Order::given);
 }
@@ -162,52 +145,62 @@ BoxIndex CutCollector::indexOfUnburied() const {
 // An object, not a function: the walk through the index takes it in.
 constexpr auto boxesOverlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
 
-// The meetings from `first` on are all those of one segment. Where many segments of the other side
-// run over one another, most are repeats; the first of each stays.
-void CutCollector::endOthers(std::size_t first) {
-  m_found.areTooMany = m_found.areTooMany || m_others.size() > m_most;
-  if (m_others.size() - first < kManyMeetings) return;
-  const auto key = [](const Meeting& meeting) {
-    const Vec& p = meeting.points[0];
-    const Vec& q = meeting.points[meeting.count - 1];
-    return std::tuple(meeting.count, p.x, p.y, q.x, q.y);
-  };
-  std::set<decltype(key(Meeting()))> known;
-  const auto isRepeat = [&](const OtherMeeting& other) {
-    return !known.insert(key(other.meeting)).second;
-  };
-  const auto begin = m_others.begin() + static_cast<std::ptrdiff_t>(first);
-  m_others.erase(std::remove_if(begin, m_others.end(), isRepeat), m_others.end());
-}
-
-void CutCollector::findOtherMeetings(const BoxIndex& unburied) {
+void CutCollector::cutAtOther(const BoxIndex& unburied) {
   const std::vector<TravelSegment> others =
       segmentsOf(m_clip.other.points, m_clip.other.bulges, false);
-  const BoxIndex index(boxesOf(others, 0.0), BoxIndex::Order::given);
-  std::size_t first = 0;
+  const BoxIndex index(boxesOf(others, m_clip.widening), BoxIndex::Order::given);
   forEachNearPair(unburied, index, boxesOverlap, [&](std::size_t i, std::size_t j) {
-    const Meeting meeting = meetSegments(m_curve.segments[i], others[j]);
-    if (meeting.count == 0) return true;
-    if (first < m_others.size() && m_others[first].segment != i) {
-      endOthers(first);
-      first = m_others.size();
-    }
-    m_others.push_back({i, meeting});
+    addCuts(i, meetSegments(m_curve.segments[i], others[j]));
     return !m_found.areTooMany;
   });
-  endOthers(first);
+}
+
+void CutCollector::cutAtItself(const BoxIndex& unburied) {
+  std::size_t current = 0;
+  forEachNearPair(unburied, m_curve.index, boxesOverlap, [&](std::size_t i, std::size_t j) {
+    if (i != current) cutSegment(current);
+    current = i;
+    if (!m_found.areTooMany) m_near.push_back(static_cast<std::uint32_t>(j));
+    return !m_found.areTooMany;
+  });
+  cutSegment(current);
+}
+
+/// Segment after segment by counting, then along each, every cut once. Where many segments run over
+/// one another most cuts are repeats.
+void CutCollector::sortCuts() {
+  std::vector<Cut>& cuts = m_found.cuts;
+  std::vector<std::uint32_t> ends(m_curve.size() + 2, 0);
+  for (const Cut& cut : cuts)
+    ++ends[cut.place.segment + 1];
+  for (std::size_t i = 0; i + 1 < ends.size(); ++i)
+    ends[i + 1] += ends[i];
+  std::vector<Cut> sorted(cuts.size());
+  // While it is filled, ends[i] runs from the start of the run of segment i to its end.
+  for (const Cut& cut : cuts)
+    sorted[ends[cut.place.segment]++] = cut;
+  const auto isBefore = [](const Cut& a, const Cut& b) {
+    return std::tie(a.place.param, a.isWeak, a.place.point.x, a.place.point.y) <
+           std::tie(b.place.param, b.isWeak, b.place.point.x, b.place.point.y);
+  };
+  auto from = sorted.begin();
+  for (std::size_t i = 0; i <= m_curve.size(); ++i) {
+    const auto to = sorted.begin() + ends[i];
+    if (to - from > 1) std::sort(from, to, isBefore);
+    from = to;
+  }
+  sorted.erase(std::unique(sorted.begin(), sorted.end(), isSameCut), sorted.end());
+  cuts = std::move(sorted);
+  m_found.areTooMany = m_found.areTooMany || cuts.size() > m_most;
+  m_sortAt = std::max(cuts.size() + kFewCuts, std::min(2 * cuts.size(), m_most + 1));
 }
 
 CurveCuts CutCollector::run() {
   const BoxIndex unburied = indexOfUnburied();
-  findOtherMeetings(unburied);
-  forEachNearPair(unburied, m_curve.index, boxesOverlap, [&](std::size_t i, std::size_t j) {
-    if (i != m_current && !m_near.empty()) finishSegment();
-    m_current = i;
-    if (!m_found.areTooMany) m_near.push_back(static_cast<std::uint32_t>(j));
-    return !m_found.areTooMany;
-  });
-  if (!m_near.empty()) finishSegment();
+  cutAtOther(unburied);
+  cutAtItself(unburied);
+  cutRoundEnds();
+  sortCuts();
   return std::move(m_found);
 }
 
@@ -231,9 +224,9 @@ bool lieAlong(const TravelSegment& a, const TravelSegment& b) {
   return std::max(from, to) > reach && std::min(from, to) < chord.lengthSqrd() - reach;
 }
 
-CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve,
-                 std::span<const Standing> standings, std::size_t most) {
-  return CutCollector(clip, curve, standings, most).run();
+CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve, const PartJudge& judge,
+                 std::size_t most) {
+  return CutCollector(clip, curve, judge, most).run();
 }
 
 }  // namespace qdr

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <span>
 #include <vector>
 
-#include "geometry/internal/clearance.h"
 #include "geometry/internal/offset_curve.h"
 #include "geometry/internal/offset_slices.h"
+#include "geometry/internal/part_judge.h"
 
 namespace qdr {
 
@@ -26,10 +25,11 @@ struct CurveCuts {
 };
 
 /// Where the raw offset crosses itself, the other side, and the circles of the distance about the
-/// ends of an open source. Buried segments are not cut and cut nothing: at a place too near to the
-/// source a cut decides nothing, because the slices on both of its sides fall.
-CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve,
-                 std::span<const Standing> standings, std::size_t most = kMostCuts);
+/// ends of an open source. At a place too near to the source a cut decides nothing, because the
+/// slices on both of its sides fall: buried segments are not cut and cut nothing, and places that
+/// one look proves sunk are left out.
+CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve, const PartJudge& judge,
+                 std::size_t most = kMostCuts);
 
 /// Whether two lines or two arcs run over the same line or circle for more than a point.
 bool lieAlong(const TravelSegment& a, const TravelSegment& b);

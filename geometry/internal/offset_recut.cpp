@@ -18,22 +18,48 @@ struct ClearRun {
   bool followsBorder = false;  // somewhere at just the distance from the source
 };
 
+/// Where a raw offset lacks part of the border.
+class GapMap {
+ public:
+  /// Everywhere when null.
+  GapMap(const BorderGaps* gaps, double distance)
+      : m_isEverywhere(!gaps),
+        m_reach(distance + kJoinTolerance),
+        m_index(gaps ? *gaps : BorderGaps(), BoxIndex::Order::hilbert) {}
+
+  bool isNear(const Box& box) const {
+    return m_isEverywhere ||
+           !m_index.forEachWithin(box, m_reach, [](std::size_t) { return false; });
+  }
+
+ private:
+  bool m_isEverywhere;
+  double m_reach;
+  BoxIndex m_index;
+};
+
 class SliceRecutter {
  public:
-  SliceRecutter(const OffsetCurve& curve, PartJudge& judge) : m_curve(curve), m_judge(judge) {}
+  SliceRecutter(const OffsetCurve& curve, PartJudge& judge, const BorderGaps* gaps)
+      : m_curve(curve), m_judge(judge), m_gaps(gaps, judge.distance()) {}
 
   void recut(const Slice& fallen);
   std::vector<ClearRun> take() { return std::move(m_runs); }
 
  private:
-  bool isWorthless(std::size_t i, double from, double to) const;
-  void recutPart(std::size_t i, double from, double to);
-  void addClear(std::size_t i, double from, double to);
+  bool isWorthless(const CurvePart& part) const;
+  void recutPart(const CurvePart& part);
+  void addClear(const CurvePart& part);
   bool isDebris() const;
   void endRun();
 
+  bool startsSlice(const CurvePart& part) const {
+    return part.segment == m_fallen.from.segment && part.from == m_fallen.from.param;
+  }
+
   const OffsetCurve& m_curve;
   PartJudge& m_judge;
+  GapMap m_gaps;
   std::vector<ClearRun> m_runs;
   ClearRun m_run;
   bool m_isRunning = false;
@@ -43,22 +69,27 @@ class SliceRecutter {
 
 /// Whether nothing of the part can belong to a result. At the ends of the slice, which lie on the
 /// border, only what is longer than the least length counts.
-bool SliceRecutter::isWorthless(std::size_t i, double from, double to) const {
-  if (m_judge.standings()[i].kind == Standing::clear) return false;
-  const double share = kMergeTolerance / m_curve.segments[i].length();
-  const bool isAtFrom = i == m_fallen.from.segment && from == m_fallen.from.param;
-  const bool isAtTo = m_fallen.to.param == 0.0 ? (to == 1.0 && i + 1 == m_fallen.to.segment)
-                                               : i == m_fallen.to.segment;
-  const double inner = isAtFrom ? from + share : from;
-  const double outer = isAtTo ? to - share : to;
-  const bool isLong = inner < outer;
-  return isLong ? m_judge.isBuried(i, inner, outer) : m_judge.isBuried(i, from, to);
+bool SliceRecutter::isWorthless(const CurvePart& part) const {
+  if (m_judge.standings()[part.segment].kind == Standing::clear) return false;
+  const double share = kMergeTolerance / m_curve.segments[part.segment].length();
+  const bool isAtFrom = startsSlice(part);
+  const bool isAtTo = m_fallen.to.param == 0.0
+                          ? (part.to == 1.0 && part.segment + 1 == m_fallen.to.segment)
+                          : part.segment == m_fallen.to.segment;
+  CurvePart inner = part;
+  if (isAtFrom) inner.from += share;
+  if (isAtTo) inner.to -= share;
+  if (!(inner.from < inner.to)) return m_judge.isBuried(part);
+  if (isAtFrom) inner.start = m_curve.segments[part.segment].pointAt(inner.from);
+  if (isAtTo) inner.end = m_curve.segments[part.segment].pointAt(inner.to);
+  return m_judge.isBuried(inner);
 }
 
 bool SliceRecutter::isDebris() const {
-  if (m_run.length < kMergeTolerance || !m_run.followsBorder) return true;
-  return (!m_run.meetsFrom && m_judge.isInsideCorner(m_run.slice.from.point)) ||
-         (!m_run.meetsTo && m_judge.isInsideCorner(m_run.slice.to.point));
+  return m_run.length < kMergeTolerance || !m_run.followsBorder ||
+         (!m_run.meetsFrom && m_judge.isInsideCorner(m_run.slice.from.point)) ||
+         (!m_run.meetsTo && m_judge.isInsideCorner(m_run.slice.to.point)) ||
+         !m_gaps.isNear(m_curve.boxOf(m_run.slice));
 }
 
 void SliceRecutter::endRun() {
@@ -66,41 +97,48 @@ void SliceRecutter::endRun() {
   m_isRunning = false;
 }
 
-void SliceRecutter::addClear(std::size_t i, double from, double to) {
+void SliceRecutter::addClear(const CurvePart& part) {
   if (!m_isRunning) {
-    const bool isAtFrom = i == m_fallen.from.segment && from == m_fallen.from.param;
+    const bool isAtFrom = startsSlice(part);
     m_run = {};
-    m_run.slice.from = isAtFrom ? m_fallen.from : m_curve.placeAt(i, from);
+    m_run.slice.from = isAtFrom ? m_fallen.from : m_curve.placeAt(part.segment, part.from);
     m_run.meetsFrom = isAtFrom;
     m_isRunning = true;
   }
-  m_run.slice.to = m_curve.placeAt(i, to);
-  m_run.followsBorder = m_run.followsBorder || m_judge.followsBorder(i, from, to);
-  m_run.length += m_curve.segments[i].length() * (to - from);
+  m_run.slice.to = m_curve.placeAt(part.segment, part.to);
+  m_run.followsBorder = m_run.followsBorder || m_judge.followsBorder(part);
+  m_run.length += m_curve.lengthOf(part);
 }
 
-void SliceRecutter::recutPart(std::size_t i, double from, double to) {
-  if (isWorthless(i, from, to)) return endRun();
-  m_params.assign(1, from);
-  if (m_judge.standings()[i].kind != Standing::clear)
-    m_judge.addBorderParams(i, from, to, m_params);
-  m_params.push_back(to);
+void SliceRecutter::recutPart(const CurvePart& part) {
+  if (isWorthless(part)) return endRun();
+  m_params.clear();
+  if (m_judge.standings()[part.segment].kind != Standing::clear)
+    m_judge.addBorderParams(part, m_params);
   std::sort(m_params.begin(), m_params.end());
-  for (std::size_t k = 0; k + 1 < m_params.size(); ++k) {
-    if (!(m_params[k + 1] > m_params[k])) continue;
-    if (m_judge.isClear(i, m_params[k], m_params[k + 1])) {
-      addClear(i, m_params[k], m_params[k + 1]);
+  m_params.push_back(part.to);
+  // What rounding leaves between two equal places tells nothing.
+  const double leastShare = kPointTolerance / m_curve.segments[part.segment].length();
+  CurvePart next = part;
+  for (const double t : m_params) {
+    if (!(t > next.from + leastShare)) continue;
+    next.to = t;
+    next.end = t < part.to ? m_curve.segments[part.segment].pointAt(t) : part.end;
+    if (m_judge.isClear(next)) {
+      addClear(next);
     } else {
       endRun();
     }
+    next.from = t;
+    next.start = next.end;
   }
 }
 
 void SliceRecutter::recut(const Slice& fallen) {
+  if (!m_gaps.isNear(m_curve.boxOf(fallen))) return;
   if (m_curve.lengthOf(fallen) < kMergeTolerance) return;
   m_fallen = fallen;
-  m_curve.forEachPart(fallen,
-                      [&](std::size_t i, double from, double to) { recutPart(i, from, to); });
+  m_curve.forEachPart(fallen, [&](const CurvePart& part) { recutPart(part); });
   if (m_isRunning) {
     m_run.meetsTo = true;
     m_run.slice.to = fallen.to;
@@ -136,21 +174,14 @@ std::vector<Slice> withoutSurplus(std::vector<ClearRun> runs, const std::vector<
   return taken;
 }
 
-bool isAnyNear(const BoxIndex& index, const Box& box, double reach) {
-  return !index.forEachWithin(box, reach, [](std::size_t) { return false; });
-}
-
 }  // namespace
 
 std::vector<Slice> keptOfFallen(const OffsetCurve& curve, PartJudge& judge, const BorderGaps* gaps,
                                 const std::vector<Slice>& fallen, const std::vector<Slice>& kept) {
   if (fallen.empty() || (gaps && gaps->empty())) return {};
-  const BoxIndex gapIndex(gaps ? *gaps : BorderGaps(), BoxIndex::Order::hilbert);
-  const double reach = judge.distance() + kJoinTolerance;
-  SliceRecutter recutter(curve, judge);
-  for (const Slice& slice : fallen) {
-    if (!gaps || isAnyNear(gapIndex, curve.boxOf(slice), reach)) recutter.recut(slice);
-  }
+  SliceRecutter recutter(curve, judge, gaps);
+  for (const Slice& slice : fallen)
+    recutter.recut(slice);
   std::vector<ClearRun> runs = recutter.take();
   if (runs.empty()) return {};
   return withoutSurplus(std::move(runs), kept);

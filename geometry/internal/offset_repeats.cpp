@@ -29,8 +29,9 @@ std::vector<SlicePart> partsAlong(const OffsetCurve& curve, const std::vector<bo
                                   const std::vector<Slice>& slices) {
   std::vector<SlicePart> parts;
   for (std::size_t s = 0; s < slices.size(); ++s) {
-    curve.forEachPart(slices[s], [&](std::size_t i, double from, double to) {
-      if (liesAlong[i]) parts.push_back({s, i, from, to, curve.segments[i].part(from, to)});
+    curve.forEachPart(slices[s], [&](const CurvePart& part) {
+      if (liesAlong[part.segment])
+        parts.push_back({s, part.segment, part.from, part.to, curve.segmentOf(part)});
     });
   }
   return parts;

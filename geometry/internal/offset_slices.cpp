@@ -88,7 +88,7 @@ class OffsetClipper {
  private:
   void walk();
   void walkSegment(std::size_t i, std::span<const Cut> cuts);
-  void judgePart(std::size_t i, double from, double to);
+  void judge(const CurvePart& part);
   const SliceCollector& better() const;
   std::vector<Slice> onceOnly(std::vector<Slice> slices) const;
   std::vector<Slice> withKeptOfFallen(const SliceCollector& slices);
@@ -109,28 +109,33 @@ SliceCollector::Fallen useOfFallen(const OffsetClip& clip) {
 
 OffsetClipper::OffsetClipper(const OffsetClip& clip)
     : m_clip(clip),
-      m_curve(clip.raw),
+      m_curve(clip.raw, clip.widening),
       m_judge(clip, m_curve),
-      m_cuts(cutsOf(clip, m_curve, m_judge.standings())),
+      m_cuts(cutsOf(clip, m_curve, m_judge)),
       m_strong(m_curve, useOfFallen(clip)),
       m_all(m_curve, useOfFallen(clip)) {}
 
 /// Takes one segment of the raw offset through both collectors. A part between two cuts is judged
 /// once, and only while one of the slices that it belongs to still stands.
 void OffsetClipper::walkSegment(std::size_t i, std::span<const Cut> cuts) {
-  double from = 0.0;
+  CurvePart part{i, 0.0, 0.0, m_curve.segments[i].start, {}};
   for (const Cut& cut : cuts) {
-    judgePart(i, from, cut.place.param);
-    from = cut.place.param;
+    part.to = cut.place.param;
+    part.end = cut.place.point;
+    judge(part);
+    part.from = part.to;
+    part.start = part.end;
     m_all.cutAt(cut.place);
     if (!cut.isWeak) m_strong.cutAt(cut.place);
   }
-  judgePart(i, from, 1.0);
+  part.to = 1.0;
+  part.end = m_curve.segments[i].end;
+  judge(part);
 }
 
-void OffsetClipper::judgePart(std::size_t i, double from, double to) {
+void OffsetClipper::judge(const CurvePart& part) {
   const bool isDecided = m_strong.hasFallen() && m_all.hasFallen();
-  if (isDecided || !(to > from) || m_judge.isClear(i, from, to)) return;
+  if (isDecided || !(part.to > part.from) || m_judge.isClear(part)) return;
   m_strong.fall();
   m_all.fall();
 }

@@ -17,6 +17,7 @@ struct OffsetClip {
   const VertexChain& other;  // the one on the other side
   double distance = 0.0;
   const BorderGaps* gaps = nullptr;  // of both; unknown when null
+  double widening = 0.0;  // of all boxes that are searched: by enough, every pair is looked at
 };
 
 /// The parts of the raw offset that keep the distance from the source, in the order of travel.

@@ -1,31 +1,23 @@
 #include "geometry/internal/part_judge.h"
 
+#include "geometry/internal/curve_nearness.h"
 #include "geometry/internal/raw_offset.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {
-
-namespace {
-
-/// From how many near source segments on a part asks only those that can reach it.
-constexpr std::size_t kManyNear = 128;
-
-}  // namespace
 
 PartJudge::PartJudge(const OffsetClip& clip, const OffsetCurve& curve)
     : m_curve(curve),
       m_distance(clip.distance),
       m_isSourceClosed(clip.sourceClosed),
       m_clearance(segmentsOf(clip.sourcePoints, clip.sourceBulges, clip.sourceClosed),
-                  clip.distance - kJoinTolerance),
+                  clip.distance - kJoinTolerance, clip.widening),
       m_standings(m_clearance.standingsOf(curve.segments, curve.index)) {}
 
-void PartJudge::findNear(std::size_t i) {
-  m_nearOf = i;
-  m_clearance.findNear(m_curve.segments[i], m_near);
+void PartJudge::findSpans(std::size_t i) {
+  m_spansOf = i;
   m_spans.clear();
-  if (m_near.size() < kManyNear) return;
-  for (const std::uint32_t j : m_near) {
+  for (const std::uint32_t j : m_clearance.nearOf(m_curve.segments[i])) {
     // With the whole distance, not its limit, the spans are wide enough for any rounding.
     const ParamSpan span = nearSpan(m_curve.segments[i], m_clearance.source(j), m_distance);
     if (span.from <= span.to) m_spans.push_back({span, 0.0, j});
@@ -35,37 +27,57 @@ void PartJudge::findNear(std::size_t i) {
   double reachedTo = 0.0;
   for (NearSource& near : m_spans)
     near.reachedTo = reachedTo = std::max(reachedTo, near.span.to);
-  if (m_spans.empty()) m_near.clear();
 }
 
-bool PartJudge::isClear(std::size_t i, double from, double to) {
-  const Standing& standing = m_standings[i];
+bool PartJudge::isClear(const CurvePart& part) {
+  const Standing& standing = m_standings.standings[part.segment];
   if (standing.kind == Standing::buried) return false;
-  const bool isWhole = from == 0.0 && to == 1.0;
-  if (isWhole) return standing.kind == Standing::clear;
-  if (standing.kind == Standing::broken && from <= standing.witness && standing.witness <= to)
+  if (part.isWhole()) return standing.kind == Standing::clear;
+  if (standing.kind == Standing::broken && part.from <= standing.witness &&
+      standing.witness <= part.to)
     return false;
-  const TravelSegment part = m_curve.segments[i].part(from, to);
+  const TravelSegment segment = m_curve.segmentOf(part);
   // A short part of a flat arc is straight: it may come nearer than the arc.
-  if (standing.kind == Standing::clear && part.isArc() == m_curve.segments[i].isArc()) return true;
-  const Box box = part.box();
-  return !anyNear(i, from, to, [&](std::uint32_t j) { return m_clearance.isBroken(part, box, j); });
+  const bool isStraightened = segment.isArc() != m_curve.segments[part.segment].isArc();
+  if (standing.kind == Standing::clear && !isStraightened) return true;
+  if (standing.kind == Standing::broken && m_clearance.isWithin(segment.middle(), standing.source))
+    return false;
+  const BoundedPart bounded(segment);
+  if (isStraightened) return !m_clearance.isBroken(bounded);
+  return !anyNear(part, [&](std::uint32_t j) { return m_clearance.isBroken(bounded, j); });
 }
 
-bool PartJudge::isBuried(std::size_t i, double from, double to) {
-  const Standing& standing = m_standings[i];
+bool PartJudge::isBuried(const CurvePart& part) {
+  constexpr int kMostSplits = 4;
+  const Standing& standing = m_standings.standings[part.segment];
   if (standing.kind != Standing::broken) return standing.kind == Standing::buried;
-  const TravelSegment part = m_curve.segments[i].part(from, to);
-  if (m_clearance.isBuried(part, standing.source)) return true;
-  return anyNear(i, from, to, [&](std::uint32_t j) { return m_clearance.isBuried(part, j); });
+  return isBuried(part, m_curve.segmentOf(part), standing.source, kMostSplits);
 }
 
-bool PartJudge::followsBorder(std::size_t i, double from, double to) const {
+/// Under one source segment, or half by half. A middle that is clear decides.
+bool PartJudge::isBuried(const CurvePart& part, const TravelSegment& segment, std::uint32_t source,
+                         int splits) {
+  if (m_clearance.isBuried(segment, source)) return true;
+  if (splits == 0) return false;
+  const Vec middle = segment.middle();
+  if (!m_clearance.isWithin(middle, source)) {
+    const bool isClear = !anyNear(part, [&](std::uint32_t j) {
+      source = j;
+      return m_clearance.isWithin(middle, j);
+    });
+    if (isClear) return false;
+  }
+  const auto [first, second] = segment.halves();
+  return isBuried(part, first, source, splits - 1) && isBuried(part, second, source, splits - 1);
+}
+
+bool PartJudge::followsBorder(const CurvePart& part) const {
   for (const double share : {0.25, 0.5, 0.75}) {
-    const Vec place = m_curve.segments[i].pointAt(from + (to - from) * share);
+    const Vec place =
+        m_curve.segments[part.segment].pointAt(part.from + (part.to - part.from) * share);
     const double reach = m_distance + kJoinTolerance;
     const bool isNear = m_clearance.isAnyWithin(place, reach, [&](std::size_t j) {
-      return distanceSqrdTo(m_clearance.source(j), place) < reach * reach;
+      return isPlaceNearer(m_clearance.source(j), place, reach);
     });
     if (isNear) return true;
   }
@@ -83,11 +95,11 @@ bool PartJudge::isInsideCorner(const Vec& p) const {
   });
 }
 
-void PartJudge::addBorderParams(std::size_t i, double from, double to,
-                                std::vector<double>& params) {
-  anyNear(i, from, to, [&](std::uint32_t j) {
-    for (const double t : borderParams(m_curve.segments[i], m_clearance.source(j), m_distance)) {
-      if (t > from && t < to) params.push_back(t);
+void PartJudge::addBorderParams(const CurvePart& part, std::vector<double>& params) {
+  const TravelSegment& segment = m_curve.segments[part.segment];
+  anyNear(part, [&](std::uint32_t j) {
+    for (const double t : borderParams(segment, m_clearance.source(j), m_distance)) {
+      if (t > part.from && t < part.to) params.push_back(t);
     }
     return false;
   });

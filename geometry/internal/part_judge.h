@@ -20,23 +20,29 @@ class PartJudge {
   PartJudge(const OffsetClip& clip, const OffsetCurve& curve);
 
   double distance() const { return m_distance; }
-  std::span<const Standing> standings() const { return m_standings; }
+  std::span<const Standing> standings() const { return m_standings.standings; }
 
-  bool isClear(std::size_t i, double from, double to);
+  /// Whether one look proves a place of segment `i` nearer than the limit to the source.
+  bool isSunk(std::size_t i, const Vec& p) const {
+    const Standing& standing = m_standings.standings[i];
+    return standing.kind != Standing::clear && m_clearance.isWithin(p, standing.source);
+  }
 
-  /// Whether one source segment alone proves that no place of the part is clear.
-  bool isBuried(std::size_t i, double from, double to);
+  bool isClear(const CurvePart& part);
+
+  /// Whether no place of the part is clear. True only when it is proved with few looks.
+  bool isBuried(const CurvePart& part);
 
   /// Whether somewhere inside the part the distance from the source is just `distance`.
-  bool followsBorder(std::size_t i, double from, double to) const;
+  bool followsBorder(const CurvePart& part) const;
 
   /// Whether `p` lies on the circle of the distance about a vertex that the raw offset passes in a
   /// sharp corner: what ends there lies inside the corner.
   bool isInsideCorner(const Vec& p) const;
 
-  /// Appends parameters of segment `i` between `from` and `to` at which it crosses the border of
-  /// the distance from the source.
-  void addBorderParams(std::size_t i, double from, double to, std::vector<double>& params);
+  /// Appends parameters inside the part at which its segment crosses the border of the distance
+  /// from the source.
+  void addBorderParams(const CurvePart& part, std::vector<double>& params);
 
  private:
   struct NearSource {
@@ -45,30 +51,34 @@ class PartJudge {
     std::uint32_t source;
   };
 
-  void findNear(std::size_t i);
+  void findSpans(std::size_t i);
 
   /// Calls visit(j) for the source segments that may be near the part until one answers true.
   template <class Visit>
-  bool anyNear(std::size_t i, double from, double to, Visit&& visit) {
-    if (m_nearOf != i) findNear(i);
-    if (m_spans.empty()) return std::any_of(m_near.begin(), m_near.end(), visit);
-    auto k = std::upper_bound(m_spans.begin(), m_spans.end(), to,
+  bool anyNear(const CurvePart& part, Visit&& visit) {
+    const std::span<const std::uint32_t> few = m_standings.nearOf(part.segment);
+    if (!few.empty()) return std::any_of(few.begin(), few.end(), visit);
+    if (m_spansOf != part.segment) findSpans(part.segment);
+    auto k = std::upper_bound(m_spans.begin(), m_spans.end(), part.to,
                               [](double t, const NearSource& near) { return t < near.span.from; });
-    while (k != m_spans.begin() && (--k)->reachedTo >= from) {
-      if (k->span.to >= from && visit(k->source)) return true;
+    while (k != m_spans.begin() && (--k)->reachedTo >= part.from) {
+      if (k->span.to >= part.from && visit(k->source)) return true;
     }
     return false;
   }
+
+  bool isBuried(const CurvePart& part, const TravelSegment& segment, std::uint32_t source,
+                int splits);
 
   const OffsetCurve& m_curve;
   double m_distance;
   bool m_isSourceClosed;
   Clearance m_clearance;
-  std::vector<Standing> m_standings;
+  Standings m_standings;
 
-  std::size_t m_nearOf = static_cast<std::size_t>(-1);
-  std::vector<std::uint32_t> m_near;
-  std::vector<NearSource> m_spans;  // by their start; only where many are near
+  // Where many source segments are near one segment: what each can reach of it, by its start.
+  std::size_t m_spansOf = static_cast<std::size_t>(-1);
+  std::vector<NearSource> m_spans;
 };
 
 }  // namespace qdr

@@ -47,6 +47,22 @@ Box TravelSegment::box() const {
   return bounds;
 }
 
+Vec TravelSegment::middle() const {
+  const Vec chord = end - start;
+  if (!isArc()) return start + chord * 0.5;
+  // On the right of the chord when the arc turns left, however far it turns.
+  const double reach = radius / chord.length();
+  return center + chord.perpVector() * (bulge > 0.0 ? -reach : reach);
+}
+
+std::pair<TravelSegment, TravelSegment> TravelSegment::halves() const {
+  std::pair<TravelSegment, TravelSegment> parts(*this, *this);
+  parts.first.end = parts.second.start = middle();
+  // tan(a / 2) = tan(a) / (1 + sqrt(1 + tan(a)^2))
+  parts.first.bulge = parts.second.bulge = bulge / (1.0 + std::sqrt(1.0 + bulge * bulge));
+  return parts;
+}
+
 TravelSegment TravelSegment::part(double from, double to) const {
   const double partBulge = isArc() ? bulgeOfSweep(sweep() * (to - from)) : 0.0;
   const Vec a = from == 0.0 ? start : pointAt(from);

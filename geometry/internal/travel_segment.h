@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "geometry/box.h"
@@ -42,13 +43,15 @@ struct TravelSegment {
   bool isWithinSweep(const Vec& p) const { return cross(end - start, p - start) * bulge <= 0.0; }
 
   /// Bulge of the way on the circle of an arc, in its direction, from `p` to `q`. No angles are
-  /// formed: tan(a / 4) = sin(a / 2) / (1 + cos(a / 2)), and the chord gives both.
+  /// formed: tan(a / 4) = sin(a / 2) / (1 + cos(a / 2)) = (1 - cos(a / 2)) / sin(a / 2), and the
+  /// chord gives sine and cosine. Either keeps its digits on its half of the turn.
   double bulgeTo(const Vec& p, const Vec& q) const {
     const Vec chord = q - p;
     const double apothem = cross(chord, center - p);  // times the chord
     const double size = chord.length();
     const double towards = bulge > 0.0 ? apothem : -apothem;
-    const double magnitude = size * size / (2.0 * (radius * size + towards));
+    const double magnitude = towards > 0.0 ? size * size / (2.0 * (radius * size + towards))
+                                           : 2.0 * (radius * size - towards) / (size * size);
     if (!(size > 0.0)) return 0.0;
     return bulge > 0.0 ? magnitude : -magnitude;
   }
@@ -59,6 +62,12 @@ struct TravelSegment {
   Vec tangentAt(const Vec& p) const {
     return bulge > 0.0 ? (p - center).perpVector() : (center - p).perpVector();
   }
+
+  /// The place half way.
+  Vec middle() const;
+
+  /// The parts before and behind the middle, curved even where they are flat.
+  std::pair<TravelSegment, TravelSegment> halves() const;
 
   /// The part between two parameters. Bounds against the travel give the reversed part.
   TravelSegment part(double from, double to) const;

@@ -54,11 +54,11 @@ TEST(CrossingBounds, CutsOfSegmentsOverOneAnotherCountOnce) {
   const qdr::OffsetClip clip{source.points, source.bulges, false, raw, other, distance};
   const qdr::OffsetCurve curve(raw);
   const qdr::PartJudge judge(clip, curve);
-  const auto found = qdr::cutsOf(clip, curve, judge.standings());
+  const auto found = qdr::cutsOf(clip, curve, judge);
   EXPECT_FALSE(found.areTooMany);
   EXPECT_GT(found.cuts.size(), curve.size());
   EXPECT_LT(found.cuts.size(), 8 * curve.size());
-  EXPECT_TRUE(qdr::cutsOf(clip, curve, judge.standings(), 10).areTooMany);
+  EXPECT_TRUE(qdr::cutsOf(clip, curve, judge, 10).areTooMany);
 }
 
 }  // namespace

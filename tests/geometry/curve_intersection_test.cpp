@@ -1,4 +1,5 @@
 #include "geometry/internal/curve_intersection.h"
+#include "geometry/internal/curve_nearness.h"
 
 #include <gtest/gtest.h>
 
@@ -108,9 +109,21 @@ TEST(CurveIntersection, NearestPlaceIsNearerThanAnySample) {
     // Samples lie at most half a step of either curve away from any place of it.
     EXPECT_GE(found, std::sqrt(sampled) - (a.length() + b.length()) / 400) << i;
     EXPECT_NEAR(std::sqrt(qdr::distanceSqrdTo(b, nearest.place)), found, 1e-6) << i;
-    EXPECT_TRUE(isNearer(a, b, nearest.distanceSqrd + 1e-6)) << i;
-    EXPECT_FALSE(isNearer(a, b, nearest.distanceSqrd * (1 - 1e-9))) << i;
+    const double least = std::sqrt(nearest.distanceSqrd);
+    EXPECT_TRUE(isNearer(a, b, least + 1e-6)) << i;
+    EXPECT_FALSE(isNearer(a, b, least * (1 - 1e-9))) << i;
   }
+}
+
+TEST(CurveIntersection, AnArcAboutTheEndOfAnotherKeepsItsRadius) {
+  // A rounding arc about a vertex: no common normal leads out of its centre.
+  const TravelSegment above = segment(2, 0, -2, 0, 1);
+  const TravelSegment down = segment(0, 0, 0, -9);
+  EXPECT_NEAR(nearestPlace(above, down).distanceSqrd, 4, 1e-12);
+  EXPECT_FALSE(isNearer(above, down, 1.999));
+  EXPECT_TRUE(isNearer(above, down, 2.001));
+  EXPECT_NEAR(nearestPlace(above, segment(0, 0, 0, 0.5)).distanceSqrd, 2.25, 1e-12);
+  EXPECT_EQ(nearestPlace(above, segment(0, 0, 0, 9)).distanceSqrd, 0);
 }
 
 TEST(CurveIntersection, AllMeetingsAreThoseOfTwoLoopsInTheirOrder) {
