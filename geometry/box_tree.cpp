@@ -1,6 +1,9 @@
 #include "geometry/box_tree.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
+#include <limits>
 
 #include "geometry/internal/curve_order.h"
 
@@ -8,24 +11,25 @@ namespace qdr {
 
 namespace {
 
-/// The bounds of a node take up this many cells. The cells beyond them on both sides hold what
-/// reaches out of the node.
-constexpr double kCellsAcross = 65000.0;
+/// The cells of a frame run to this on both sides of zero. The bounds of a node end before the
+/// outermost cells, which hold what reaches out of the node.
+template <class Cell>
+constexpr double kMostCell = std::numeric_limits<Cell>::max();
 
 /// An extent and a scale of at least this keep both finite and above zero, so that only a side
 /// without a number lies in no order.
 constexpr double kLeast = 1e-300;
 
-double scaleOver(double extent) {
-  return std::max(kLeast, kCellsAcross / std::max(kLeast, extent));
+/// Boxes by which reading runs ahead of what is packed into leaves.
+constexpr std::size_t kAhead = 40;
+
+double scaleOver(double extent, double cells) {
+  return std::max(kLeast, cells / std::max(kLeast, extent));
 }
 
-constexpr std::array<std::uint16_t, BoxTree::kFan> kBits = {
-    0x0001, 0x0002, 0x0004, 0x0008, 0x0010, 0x0020, 0x0040, 0x0080,
-    0x0100, 0x0200, 0x0400, 0x0800, 0x1000, 0x2000, 0x4000, 0x8000};
-
-std::uint16_t mask(bool holds) {
-  return static_cast<std::uint16_t>(-static_cast<std::uint16_t>(holds));
+bool hasNan(const Box& box) {
+  return !((box.minX == box.minX) & (box.minY == box.minY) & (box.maxX == box.maxX) &
+           (box.maxY == box.maxY));
 }
 
 Box boundsOf(std::span<const Box> boxes) {
@@ -35,65 +39,171 @@ Box boundsOf(std::span<const Box> boxes) {
   return bounds;
 }
 
+/// Always inline: compilers see no effect in a function that only fetches, and drop its calls.
+template <class Any>
+[[gnu::always_inline]] inline void fetch(const Any& data) {
+#if defined(__GNUC__)
+  constexpr std::size_t kLine = 64;
+  const char* const bytes = reinterpret_cast<const char*>(&data);
+  for (std::size_t at = 0; at < sizeof(Any); at += kLine)
+    __builtin_prefetch(bytes + at);
+  __builtin_prefetch(bytes + sizeof(Any) - 1);
+#else
+  (void)data;
+#endif
+}
+
+/// Bit k says whether holds(k), for the kFan boxes of a node. Sixteen answers at a time become
+/// bytes without branches, which compilers do with a few wide instructions; a product then adds
+/// up eight of them, each with a bit of its own, in its highest byte.
+template <class Holds>
+std::uint32_t bitsWhere(const Holds& holds) {
+  constexpr std::array<std::uint8_t, 16> kBits = {1, 2, 4, 8, 16, 32, 64, 128,
+                                                  1, 2, 4, 8, 16, 32, 64, 128};
+  constexpr std::uint64_t kAddUp = 0x0101010101010101;
+  std::uint32_t bits = 0;
+  for (std::size_t from = 0; from < BoxTree::kFan; from += kBits.size()) {
+    std::array<std::uint8_t, kBits.size()> answers;
+    for (std::size_t k = 0; k < answers.size(); ++k) {
+      const auto mask = static_cast<std::uint8_t>(-static_cast<std::uint8_t>(holds(from + k)));
+      answers[k] = static_cast<std::uint8_t>(mask & kBits[k]);
+    }
+    for (std::size_t half = 0; half < answers.size(); half += 8) {
+      std::uint64_t word;
+      std::memcpy(&word, answers.data() + half, sizeof word);
+      bits |= static_cast<std::uint32_t>(word * kAddUp >> 56) << (from + half);
+    }
+  }
+  return bits;
+}
+
+std::size_t firstBit(std::uint32_t bits) {
+  return static_cast<std::size_t>(std::countr_zero(bits));
+}
+
 }  // namespace
 
-/// All four at once and without branches: which of them lie beyond the frame is chance.
-BoxTree::Cells BoxTree::Node::cellsOf(const Box& box) const {
-  constexpr double kMostCell = 32767.0;
+template <class Cell>
+auto BoxTree::NodeOf<Cell>::cellsOf(const Box& box) const -> Cells {
   const auto sides = std::bit_cast<std::array<double, 4>>(box);
   Cells cells;
   for (std::size_t k = 0; k < cells.size(); ++k) {
     double cell = (sides[k] - origin[k % 2]) * scale[k % 2];
-    cell = cell > -kMostCell ? cell : -kMostCell;
-    cell = cell < kMostCell ? cell : kMostCell;
-    cells[k] = static_cast<std::int16_t>(static_cast<std::int32_t>(cell));
+    cell = cell > -kMostCell<Cell> ? cell : -kMostCell<Cell>;
+    cell = cell < kMostCell<Cell> ? cell : kMostCell<Cell>;
+    cells[k] = static_cast<Cell>(static_cast<std::int32_t>(cell));
   }
   return cells;
 }
 
-/// Without branches as well, so that compilers test eight boxes with one instruction.
-BoxTree::Found BoxTree::Node::find(const Box& area) const {
-  const auto [areaMinX, areaMinY, areaMaxX, areaMaxY] = cellsOf(area);
-  std::uint16_t candidates = 0;
-  std::uint16_t sure = 0;
-  for (std::size_t k = 0; k < kFan; ++k) {
-    std::uint16_t meets = mask(minX[k] <= areaMaxX);
-    meets &= mask(areaMinX <= maxX[k]);
-    meets &= mask(minY[k] <= areaMaxY);
-    meets &= mask(areaMinY <= maxY[k]);
-    candidates |= static_cast<std::uint16_t>(meets & kBits[k]);
-    std::uint16_t overlaps = mask(minX[k] < areaMaxX);
-    overlaps &= mask(areaMinX < maxX[k]);
-    overlaps &= mask(minY[k] < areaMaxY);
-    overlaps &= mask(areaMinY < maxY[k]);
-    sure |= static_cast<std::uint16_t>(overlaps & kBits[k]);
-  }
-  return {candidates, sure};
+/// The boxes that no strict order of cells keeps away.
+template <class Cell>
+std::uint32_t BoxTree::NodeOf<Cell>::meeting(const Cells& area) const {
+  const Cell areaMinX = area[0], areaMinY = area[1], areaMaxX = area[2], areaMaxY = area[3];
+  return bitsWhere([&](std::size_t k) {
+    return (minX[k] <= areaMaxX) & (areaMinX <= maxX[k]) & (minY[k] <= areaMaxY) &
+           (areaMinY <= maxY[k]);
+  });
+}
+
+/// The boxes that overlap by strict orders of cells alone.
+template <class Cell>
+std::uint32_t BoxTree::NodeOf<Cell>::surelyMeeting(const Cells& area) const {
+  const Cell areaMinX = area[0], areaMinY = area[1], areaMaxX = area[2], areaMaxY = area[3];
+  return bitsWhere([&](std::size_t k) {
+    return (minX[k] < areaMaxX) & (areaMinX < maxX[k]) & (minY[k] < areaMaxY) &
+           (areaMinY < maxY[k]);
+  });
 }
 
 /// Without a finite extent all sides fall into one cell: every box is a candidate, none is sure.
-void BoxTree::fill(Node& node, std::span<const Box> boxes, const Box& bounds) {
-  constexpr std::int16_t kBeyond = -32768;  // below every cell
-  node.origin = {bounds.minX * 0.5 + bounds.maxX * 0.5, bounds.minY * 0.5 + bounds.maxY * 0.5};
-  node.scale = {scaleOver(bounds.maxX - bounds.minX), scaleOver(bounds.maxY - bounds.minY)};
-  node.maxX.fill(kBeyond);
+template <class Cell>
+void BoxTree::NodeOf<Cell>::fill(std::span<const Box> boxes, const Box& bounds) {
+  constexpr double kCellsAcross = 2.0 * kMostCell<Cell> - 1.0;
+  origin = {bounds.minX * 0.5 + bounds.maxX * 0.5, bounds.minY * 0.5 + bounds.maxY * 0.5};
+  scale = {scaleOver(bounds.maxX - bounds.minX, kCellsAcross),
+           scaleOver(bounds.maxY - bounds.minY, kCellsAcross)};
+  maxX.fill(std::numeric_limits<Cell>::min());  // below every cell
   for (std::size_t k = 0; k < boxes.size(); ++k) {
     if (hasNan(boxes[k])) continue;
-    const Cells cells = node.cellsOf(boxes[k]);
-    node.minX[k] = cells[0];
-    node.minY[k] = cells[1];
-    node.maxX[k] = cells[2];
-    node.maxY[k] = cells[3];
+    const Cells cells = cellsOf(boxes[k]);
+    minX[k] = cells[0];
+    minY[k] = cells[1];
+    maxX[k] = cells[2];
+    maxY[k] = cells[3];
   }
+}
+
+/// One question: the nodes of a level that the area meets are found before any is read, so that
+/// memory is asked for many at a time.
+class BoxTree::Walk {
+ public:
+  Walk(const BoxTree& tree, const Box& area, Report report, void* context)
+      : m_tree(tree), m_area(area), m_report(report), m_context(context) {}
+
+  /// Enters `places` of the level that stands on `levelsBelow` others; false when a visit ends it.
+  bool enter(std::size_t levelsBelow, std::span<const std::uint32_t> places) const {
+    if (levelsBelow == 0) return visitLeaves(places);
+    std::array<std::uint32_t, kMostWaiting> waiting;
+    std::size_t count = 0;
+    const std::vector<Node>& nodes = m_tree.m_levels[levelsBelow - 1];
+    for (const std::uint32_t place : places) {
+      if (count + kFan > kMostWaiting) {
+        if (!enter(levelsBelow - 1, {waiting.data(), count})) return false;
+        count = 0;
+      }
+      const Node& node = nodes[place];
+      std::uint32_t found = node.meeting(node.cellsOf(m_area));
+      for (; found != 0; found &= found - 1) {
+        const std::size_t child = place * kFan + firstBit(found);
+        if (levelsBelow == 1) {
+          fetch(m_tree.m_leaves[child]);
+        } else {
+          fetch(m_tree.m_levels[levelsBelow - 2][child]);
+        }
+        waiting[count++] = static_cast<std::uint32_t>(child);
+      }
+    }
+    return enter(levelsBelow - 1, {waiting.data(), count});
+  }
+
+ private:
+  // Most nodes that wait to be entered on one level; beyond them those of the level below go first.
+  static constexpr std::size_t kMostWaiting = 4 * kFan;
+
+  bool visitLeaves(std::span<const std::uint32_t> places) const {
+    for (const std::uint32_t place : places) {
+      const Leaf& leaf = m_tree.m_leaves[place];
+      const Leaf::Cells cells = leaf.cellsOf(m_area);
+      std::uint32_t found = leaf.meeting(cells);
+      if (found == 0) continue;
+      const std::uint32_t sure = leaf.surelyMeeting(cells);
+      for (; found != 0; found &= found - 1) {
+        const std::size_t k = firstBit(found);
+        if (!m_report(m_context, leaf.names[k], (sure >> k & 1) != 0)) return false;
+      }
+    }
+    return true;
+  }
+
+  const BoxTree& m_tree;
+  const Box m_area;
+  const Report m_report;
+  void* const m_context;
+};
+
+bool BoxTree::walk(const Box& area, Report report, void* context) const {
+  static constexpr std::uint32_t kRoot = 0;
+  if (isEmpty() || hasNan(area)) return true;
+  return Walk(*this, area, report, context).enter(m_levels.size(), {&kRoot, 1});
 }
 
 BoxTree::BoxTree(std::span<const Box> boxes) {
   if (boxes.empty()) return;
   std::vector<Box> bounds;
   addLeaves(boxes, bounds);
-  do {
+  while (bounds.size() > 1)
     addLevel(bounds);
-  } while (bounds.size() > 1);
   m_bounds = bounds.front();
 }
 
@@ -107,12 +217,14 @@ void BoxTree::addLeaves(std::span<const Box> boxes, std::vector<Box>& bounds) {
     const std::size_t size = std::min(kFan, names.size() - from);
     Leaf& leaf = m_leaves.emplace_back();
     for (std::size_t k = 0; k < size; ++k) {
-      leaf.names[k] = names[from + k];
-      together[k] = boxes[leaf.names[k]];
+      const std::size_t i = from + k;
+      if (i + kAhead < names.size()) fetch(boxes[names[i + kAhead]]);
+      leaf.names[k] = names[i];
+      together[k] = boxes[names[i]];
     }
     const std::span<const Box> under(together.data(), size);
     bounds.push_back(boundsOf(under));
-    fill(leaf, under, bounds.back());
+    leaf.fill(under, bounds.back());
   }
 }
 
@@ -123,7 +235,7 @@ void BoxTree::addLevel(std::vector<Box>& bounds) {
     const std::size_t size = std::min(kFan, bounds.size() - i * kFan);
     const std::span<const Box> under(bounds.data() + i * kFan, size);
     const Box around = boundsOf(under);
-    fill(level[i], under, around);
+    level[i].fill(under, around);
     bounds[i] = around;
   }
   bounds.resize(level.size());

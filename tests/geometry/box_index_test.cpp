@@ -63,7 +63,7 @@ Names plainWalk(const std::vector<Box>& boxes, const Test& test) {
 }
 
 // Counts about every change of the number of levels.
-const std::size_t kCounts[] = {0, 1, 7, 8, 9, 16, 17, 63, 65, 256, 257, 513, 5000};
+const std::size_t kCounts[] = {0, 1, 7, 8, 9, 31, 32, 33, 63, 65, 256, 257, 513, 1024, 1025, 5000};
 
 void expectPlainAnswers(const std::vector<Box>& boxes, const std::vector<Box>& areas) {
   const BoxIndex given(boxes, BoxIndex::Order::given);
