@@ -30,16 +30,20 @@ inline qdr::MemoryFiles filesOfScripts() {
   return files;
 }
 
-/// The script without views of more than three digits a side: they may have many pixels, and each
-/// paint then takes its time.
-inline std::string withoutLargeViews(std::string_view text) {
-  constexpr std::size_t kSmallSize = std::string_view(".size 999 999").size();
+/// The script without views of more than three digits a side and without values of more than three:
+/// a large view has many pixels, a curve divided into many parts many lines, and each paint then
+/// takes its time.
+inline std::string withoutCostlyLines(std::string_view text) {
+  constexpr std::size_t kFewDigits = std::string_view(".size 999 999").size();
   std::string kept;
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     const bool sizes = line.find("ize") != std::string_view::npos;
-    if (sizes && (line.size() > kSmallSize || line.find_first_of("eE", 6) < line.size())) continue;
+    const bool values = line.find("alue") != std::string_view::npos;
+    const std::size_t most = sizes ? kFewDigits : std::string_view(".value 999").size();
+    const bool isLong = line.size() > most || line.find_first_of("eE", 6) < line.size();
+    if ((sizes || values) && isLong) continue;
     kept.append(line).append("\n");
   }
   return kept;
@@ -62,7 +66,7 @@ inline qdr::ScriptOutcome tryScript(std::string_view text) {
   options.viewSize = CSize(200, 150);
   qdr::ScriptStage stage(options, qdr::ScriptStage::Facts::fixed, &files);
   qdr::ScriptPlayer player(stage);
-  const std::string script = withoutLargeViews(text);
+  const std::string script = withoutCostlyLines(text);
   const qdr::ScriptOutcome outcome = player.play(script);
   const auto lines = std::count(script.begin(), script.end(), '\n');
   demand(outcome.line >= 0 && outcome.line <= lines + 1);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "fuzz/drawing_file_target.h"
+#include "fuzz/drawing_view_target.h"
 #include "tests/fuzz/corpus.h"
 
 namespace {
@@ -50,6 +51,17 @@ TEST(DrawingFileReplay, RandomDamage) {
   for (int round = 0; round < 2000; ++round) {
     qdr_fuzz::tryDrawing(qdr_test::damaged(seeds[random() % seeds.size()], random));
   }
+}
+
+TEST(DrawingViewReplay, SeedsAndDamagedOnes) {
+  const unsigned seedNumber = 20260307;
+  SCOPED_TRACE(seedNumber);
+  std::minstd_rand random(seedNumber);
+  const std::vector<std::string> seeds = corpus();
+  for (const std::string& seed : seeds)
+    qdr_fuzz::tryView(seed);
+  for (int round = 0; round < 200; ++round)
+    qdr_fuzz::tryView(qdr_test::damaged(seeds[random() % seeds.size()], random));
 }
 
 }  // namespace
