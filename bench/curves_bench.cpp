@@ -1,5 +1,6 @@
-// Curves as the screen and the mouse meet them: tessellation, closest point, inside test. Each is
-// reported per vertex or sample, beside a plain loop that does the least such work could cost.
+// Curves as the screen and the mouse meet them: tessellation, closest point, inside test,
+// crossings. Each is reported per vertex or sample, beside a plain loop that does the least such
+// work could cost.
 
 #include <benchmark/benchmark.h>
 
@@ -222,5 +223,60 @@ void InsideEllipse(benchmark::State& state) {
   perItem(state, 50);
 }
 BENCHMARK(InsideEllipse);
+
+void CrossLinePlainLoop(benchmark::State& state) {
+  const CQdrGePolyline2d chain = ring(static_cast<int>(state.range(0)));
+  const std::vector<CQdrGePoint2d>& points = chain.points();
+  const CQdrGePoint2d origin(-2000, 200);
+  const CQdrGeVector2d along(4000, 300);
+  for (auto _ : state) {
+    int changes = 0;
+    bool wasLeft = false;
+    for (const CQdrGePoint2d& point : points) {
+      const CQdrGeVector2d off = point - origin;
+      const bool isLeft = along.x * off.y > along.y * off.x;
+      changes += isLeft != wasLeft ? 1 : 0;
+      wasLeft = isLeft;
+    }
+    benchmark::DoNotOptimize(changes);
+  }
+  perItem(state, static_cast<double>(points.size()));
+}
+BENCHMARK(CrossLinePlainLoop)->Arg(100)->Arg(100000);
+
+void CrossCirclePlainLoop(benchmark::State& state) {
+  const CQdrGePolyline2d chain = ring(static_cast<int>(state.range(0)));
+  const std::vector<CQdrGePoint2d>& points = chain.points();
+  const CQdrGePoint2d center(900, 200);
+  for (auto _ : state) {
+    int changes = 0;
+    bool wasInside = false;
+    for (const CQdrGePoint2d& point : points) {
+      const bool isInside = (point - center).lengthSqrd() < 500.0 * 500.0;
+      changes += isInside != wasInside ? 1 : 0;
+      wasInside = isInside;
+    }
+    benchmark::DoNotOptimize(changes);
+  }
+  perItem(state, static_cast<double>(points.size()));
+}
+BENCHMARK(CrossCirclePlainLoop)->Arg(100)->Arg(100000);
+
+template <class Curve>
+void CrossPolyline(benchmark::State& state, const Curve& curve) {
+  const CQdrGePolyline2d chain = ring(static_cast<int>(state.range(0)));
+  int count = 0;
+  for (auto _ : state) {
+    std::vector<CQdrGePoint2d> hits;
+    chain.intersectWith(curve, count, hits, CQdrGeEntity2d::kExtendNone, qdr::kCurveTolerance);
+    benchmark::DoNotOptimize(hits.data());
+  }
+  perItem(state, chain.numVerts());
+  state.counters["hits"] = count;
+}
+BENCHMARK_CAPTURE(CrossPolyline, line, CQdrGeLine2d({-2000, 200}, CQdrGePoint2d(2000, 500)))
+    ->Arg(100)
+    ->Arg(100000);
+BENCHMARK_CAPTURE(CrossPolyline, arc, CQdrGeCircArc2d({900, 200}, 500))->Arg(100)->Arg(100000);
 
 }  // namespace

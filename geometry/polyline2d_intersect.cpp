@@ -5,7 +5,6 @@
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/chain_crossings.h"
-#include "geometry/internal/way_crossings.h"
 #include "geometry/line2d.h"
 #include "geometry/polyline2d.h"
 #include "geometry/tolerance.h"
@@ -157,8 +156,9 @@ bool CQdrGePolyline2d::isInsidePoint(const CQdrGePoint2d& point) const {
   getMinMaxpoint(min, max);
   const CQdrGePoint2d outside(min.x - kOutsideStepX, min.y - kOutsideStepY);
   const CQdrGeLine2d way(outside, point);
-  std::vector<CQdrGePoint2d> crossings = crossingsWithWay(*this, way, kSameHitTolerance);
-  CheckSameIntPoints(crossings);
+  int count = 0;
+  std::vector<CQdrGePoint2d> crossings;
+  appendHits(hitsWith(*this, way, kExtendNone, kSameHitTolerance), count, crossings);
   const Vec along = (toVec(point) - toVec(outside)).normal(0.0);
   return countDistinct(crossings, along) % 2 == 1;
 }

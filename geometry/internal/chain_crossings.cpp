@@ -5,6 +5,7 @@
 
 #include "geometry/box_index.h"
 #include "geometry/circ_arc2d.h"
+#include "geometry/internal/clear_segments.h"
 #include "geometry/internal/travel_segment.h"
 #include "geometry/line2d.h"
 #include "geometry/tolerance.h"
@@ -87,12 +88,44 @@ void append(const Crossing& crossing, int segment, std::vector<ChainHit>& hits) 
 }
 
 template <class Curve>
-std::vector<ChainHit> hitsWithCurve(const CQdrGePolyline2d& chain, const Curve& curve,
-                                    Intersect mode, double tol) {
+std::vector<ChainHit> hitsWithEach(const CQdrGePolyline2d& chain, const Curve& curve,
+                                   Intersect mode, double tol) {
   std::vector<ChainHit> hits;
   for (int i = 0; i < chain.numVerts(); ++i)
     append(crossSegment(segmentCurve(chain, i), curve, mode, tol), i, hits);
   return hits;
+}
+
+/// The same, with a curve object only for the segments that may come near.
+template <class Clear, class Curve>
+std::vector<ChainHit> hitsWithNear(const CQdrGePolyline2d& chain, const Curve& curve,
+                                   Intersect mode, double tol) {
+  std::vector<ChainHit> hits;
+  const std::vector<CQdrGePoint2d>& points = chain.points();
+  if (points.empty()) return hits;
+  Clear clear(curve, tol);
+  clear.startAt(toVec(points.front()));
+  for (std::size_t k = 0; k < points.size(); ++k) {
+    const CQdrGePoint2d& next = points[k + 1 < points.size() ? k + 1 : 0];
+    if (clear.passes(toVec(next), chain.bulges()[k])) continue;
+    const int i = static_cast<int>(k);
+    append(crossSegment(segmentCurve(chain, i), curve, mode, tol), i, hits);
+  }
+  return hits;
+}
+
+/// Whether a segment far from a line or circle has no crossing with it: only where no segment is
+/// extended.
+bool isFarClear(Intersect mode, double tol) {
+  const bool keepsSegments =
+      mode == CQdrGeEntity2d::kExtendNone || mode == CQdrGeEntity2d::kExtendArg;
+  return keepsSegments && tol >= 0.0 && tol <= ClearOfLine::kMost;
+}
+
+/// Whether arcs take the line for exactly vertical, which parts the two where it is extended.
+bool isTakenForVertical(const CQdrGeLine2d& line, double tol) {
+  const double across = line.endPoint().x - line.startPoint().x;
+  return std::abs(across) < tol && across != 0.0;
 }
 
 /// Collects the crossings of a chain, segment after segment, without neighbours that repeat.
@@ -145,14 +178,27 @@ std::vector<Box> hitBoxes(const CQdrGePolyline2d& chain, double tol) {
 
 }  // namespace
 
+std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGeLine2d& line,
+                                      Intersect mode, double tol) {
+  return hitsWithEach(chain, line, mode, tol);
+}
+
+std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
+                                      Intersect mode, double tol) {
+  return hitsWithEach(chain, arc, mode, tol);
+}
+
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeLine2d& line,
                                Intersect mode, double tol) {
-  return hitsWithCurve(chain, line, mode, tol);
+  const bool isBent = mode == CQdrGeEntity2d::kExtendArg && isTakenForVertical(line, tol);
+  if (isBent || !isFarClear(mode, tol)) return hitsWithEach(chain, line, mode, tol);
+  return hitsWithNear<ClearOfLine>(chain, line, mode, tol);
 }
 
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
                                Intersect mode, double tol) {
-  return hitsWithCurve(chain, arc, mode, tol);
+  if (!isFarClear(mode, tol)) return hitsWithEach(chain, arc, mode, tol);
+  return hitsWithNear<ClearOfCircle>(chain, arc, mode, tol);
 }
 
 std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,

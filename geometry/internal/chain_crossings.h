@@ -14,7 +14,9 @@ struct ChainHit {
 };
 
 /// Crossings of every segment of `chain`, in the order of the segments. A crossing at a shared
-/// vertex appears once for each of its segments. The mode is seen from `chain`.
+/// vertex appears once for each of its segments. The mode is seen from `chain`. Where the mode does
+/// not extend the chain, segments that are certainly clear of the curve cost only a look at each
+/// vertex.
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeLine2d& line,
                                CQdrGeEntity2d::Intersect mode, double tol);
 std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
@@ -35,7 +37,11 @@ std::vector<ChainHit> hitsWith(const CQdrGePolyline2d& chain, const CQdrGePolyli
 /// Number of segment pairs from which the index is worth its building.
 inline constexpr std::size_t kIndexedPairs = 256;
 
-/// The same by the plain loop over pairs.
+/// The same by plain loops over segments and over pairs.
+std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGeLine2d& line,
+                                      CQdrGeEntity2d::Intersect mode, double tol);
+std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGeCircArc2d& arc,
+                                      CQdrGeEntity2d::Intersect mode, double tol);
 std::vector<ChainHit> hitsByPlainWalk(const CQdrGePolyline2d& chain, const CQdrGePolyline2d& other,
                                       CQdrGeEntity2d::Intersect mode, double tol,
                                       std::size_t most = kMostHits);

@@ -168,6 +168,16 @@ Chain randomChain(std::mt19937& random, int count, double reach) {
   return chainOf(vertices, random() % 2 == 0);
 }
 
+void expectSameHits(const std::vector<qdr::ChainHit>& hits, const std::vector<qdr::ChainHit>& plain,
+                    const std::string& name) {
+  ASSERT_EQ(hits.size(), plain.size()) << name;
+  for (std::size_t i = 0; i < plain.size(); ++i) {
+    ASSERT_EQ(hits[i].segment, plain[i].segment) << name;
+    ASSERT_EQ(hits[i].point.x, plain[i].point.x) << name;
+    ASSERT_EQ(hits[i].point.y, plain[i].point.y) << name;
+  }
+}
+
 TEST(Polyline2dIntersect, IndexGivesTheHitsOfThePlainWalkInItsOrder) {
   for (unsigned seed = 1; seed <= 200; ++seed) {
     std::mt19937 random(seed);
@@ -177,11 +187,76 @@ TEST(Polyline2dIntersect, IndexGivesTheHitsOfThePlainWalkInItsOrder) {
     const Chain b = seed % 5 == 0 ? a : randomChain(random, 20 + seed % 30, reach);
     const auto plain = qdr::hitsByPlainWalk(a, b, Chain::kExtendNone, tol);
     const auto indexed = qdr::hitsWith(a, b, Chain::kExtendNone, tol);
-    ASSERT_EQ(indexed.size(), plain.size()) << "seed " << seed;
-    for (std::size_t i = 0; i < plain.size(); ++i) {
-      ASSERT_EQ(indexed[i].segment, plain[i].segment) << "seed " << seed;
-      ASSERT_EQ(indexed[i].point.x, plain[i].point.x) << "seed " << seed;
-      ASSERT_EQ(indexed[i].point.y, plain[i].point.y) << "seed " << seed;
+    expectSameHits(indexed, plain, "seed " + std::to_string(seed));
+  }
+}
+
+/// A line that crosses anywhere, lies along a chord, stands up all but straight, or passes beside a
+/// vertex by about the tolerance.
+CQdrGeLine2d lineAt(std::mt19937& random, const Chain& chain, double reach, double tol) {
+  std::uniform_real_distribution<double> place(-1.5 * reach, 1.5 * reach);
+  std::uniform_real_distribution<double> few(-3.0, 3.0);
+  const std::vector<CQdrGePoint2d>& points = chain.points();
+  const CQdrGePoint2d& vertex = points[random() % points.size()];
+  const CQdrGeVector2d along(place(random), place(random));
+  switch (random() % 5) {
+    case 0:
+      return {vertex + along, vertex - along * few(random)};
+    case 1:
+      return {vertex, points[random() % points.size()]};
+    case 2:
+      return {vertex + CQdrGeVector2d(tol * few(random), -reach),
+              vertex + CQdrGeVector2d(tol * few(random), reach)};
+    case 3:
+      return {vertex + along.perpVector() * (tol * few(random) / (1e-9 + reach)), vertex + along};
+    default:
+      return {points[0] + along, points[0] + CQdrGeVector2d(place(random), place(random))};
+  }
+}
+
+/// An arc anywhere, one of the chain, one that ends in a vertex, or one that just touches a vertex
+/// or the middle of a chord.
+CQdrGeCircArc2d arcAt(std::mt19937& random, const Chain& chain, double reach, double tol) {
+  std::uniform_real_distribution<double> place(-1.5 * reach, 1.5 * reach);
+  std::uniform_real_distribution<double> few(-3.0, 3.0);
+  const std::vector<CQdrGePoint2d>& points = chain.points();
+  const std::size_t i = random() % points.size();
+  const CQdrGePoint2d& next = points[(i + 1) % points.size()];
+  CQdrGeCircArc2d arc;
+  if (random() % 4 == 0 && chain.getArcSegAt(static_cast<int>(i), arc)) {
+    if (random() % 2 == 0) arc.setRadius(arc.radius() + tol * few(random));
+    return arc;
+  }
+  if (random() % 3 == 0)
+    return {points[i], points[i] + CQdrGeVector2d(place(random), 1), 0.4, true};
+  const CQdrGePoint2d touched =
+      random() % 2 == 0 ? points[i] : points[i] + (next - points[i]) * 0.5;
+  const CQdrGeVector2d out = (next - points[i]).perpVector() * few(random);
+  const double radius = out.length() + (random() % 3 == 0 ? place(random) : tol * few(random));
+  return {touched + out, std::abs(radius), few(random), few(random)};
+}
+
+TEST(Polyline2dIntersect, PassesOverNoSegmentThatALineOrAnArcCrosses) {
+  for (unsigned seed = 1; seed <= 200; ++seed) {
+    std::mt19937 random(seed);
+    const double reach = std::vector<double>{1e-3, 0.1, 10, 1e3, 1e6}[seed % 5];
+    const double tol = std::vector<double>{0, kTol, 1e-3, 0.01}[seed / 5 % 4];
+    Chain chain = randomChain(random, 3 + seed % 30, reach);
+    if (seed % 3 == 0) chain.translateBy({1e6, -1e6});
+    if (seed % 4 == 0)
+      chain.setBulgeAt(0, std::vector<double>{-5e3, 1e2, 999, 0.002}[seed / 4 % 4]);
+    for (int i = 0; i < 40; ++i) {
+      const CQdrGeLine2d line = lineAt(random, chain, reach, tol);
+      const CQdrGeCircArc2d arc = arcAt(random, chain, reach, tol);
+      for (const Mode mode :
+           {Chain::kExtendNone, Chain::kExtendThis, Chain::kExtendArg, Chain::kExtendBoth}) {
+        const std::string name = "seed " + std::to_string(seed) + " curve " + std::to_string(i) +
+                                 " mode " + std::to_string(mode);
+        expectSameHits(qdr::hitsWith(chain, line, mode, tol),
+                       qdr::hitsByPlainWalk(chain, line, mode, tol), name + " line");
+        expectSameHits(qdr::hitsWith(chain, arc, mode, tol),
+                       qdr::hitsByPlainWalk(chain, arc, mode, tol), name + " arc");
+      }
     }
   }
 }
