@@ -8,7 +8,7 @@
 #include "geometry/angle.h"
 #include "geometry/circ_arc2d.h"
 #include "geometry/construction.h"
-#include "geometry/internal/chain_join.h"
+#include "geometry/internal/offset_chains.h"
 #include "geometry/internal/offset_slices.h"
 #include "geometry/internal/raw_offset.h"
 #include "geometry/line2d.h"
@@ -114,53 +114,24 @@ int CQdrGePolyline2d::clipOffsetPoly(const std::vector<CQdrGePoint2d>& points,
   const std::vector<Vec> source = toVecs(m_points);
   const VertexChain raw = toChain(points, bulges);
   const VertexChain other = toChain(otherPoints, otherBulges);
-  return releaseAll(clippedOffset({source, m_bulges, m_closed, raw, other, dist}), pieces);
+  return releaseAll(ClippedOffset({source, m_bulges, m_closed, raw, other, dist}).parts(), pieces);
 }
 
 namespace {
 
-/// The unchained pieces toward `side`, and behind them, when `both`, those of the other side.
-std::vector<VertexChain> offsetPieces(const CQdrGePolyline2d& polyline, const CQdrGePoint2d& side,
-                                      double dist, bool both) {
+using OffsetForm = std::vector<VertexChain> (*)(const VertexChain& source,
+                                                const OffsetRequest& request, bool both);
+
+/// The offset toward `side` in one form or the other; nothing of what is no curve.
+std::vector<VertexChain> offsetAs(OffsetForm form, const CQdrGePolyline2d& polyline,
+                                  const CQdrGePoint2d& side, double dist, bool both) {
   const VertexChain source = toChain(polyline.points(), polyline.bulges());
   if (source.size() < 2 || !isFinite(source) || !std::isfinite(dist)) return {};
   // A negative distance leads to the other side.
   OffsetRequest request{std::abs(dist), polyline.getoffsetDirection(side, dist),
                         polyline.isClosed()};
   if (dist < 0.0) request.direction = -request.direction;
-  BorderGaps gaps;
-  const VertexChain merged = withoutNearVertices(source, &gaps);
-  const VertexChain raw = rawOffset(preparedForOffset(merged, request, &gaps), request, &gaps);
-  request.direction = -request.direction;
-  const VertexChain other = rawOffset(preparedForOffset(merged, request), request, &gaps);
-
-  const auto clipped = [&](const VertexChain& wanted, const VertexChain& opposite) {
-    return clippedOffset({source.points, source.bulges, polyline.isClosed(), wanted, opposite,
-                          request.distance, &gaps});
-  };
-  std::vector<VertexChain> pieces = clipped(raw, other);
-  if (!both) return pieces;
-  for (VertexChain& piece : clipped(other, raw))
-    pieces.push_back(std::move(piece));
-  return pieces;
-}
-
-/// Whether a chain is open and shorter than what an offset keeps.
-bool isSpeck(const VertexChain& chain) {
-  const double gapSqrd = distanceSqrd(chain.points.front(), chain.points.back());
-  const bool isRing = chain.size() > 2 && gapSqrd < kJoinTolerance * kJoinTolerance;
-  if (isRing || gapSqrd >= kMergeTolerance * kMergeTolerance) return false;
-  double length = 0.0;
-  for (std::size_t i = 0; i + 1 < chain.size() && length < kMergeTolerance; ++i)
-    length += segmentAt(chain.points, chain.bulges, i).length();
-  return length < kMergeTolerance;
-}
-
-std::vector<VertexChain> offsetChains(const CQdrGePolyline2d& polyline, const CQdrGePoint2d& side,
-                                      double dist, bool both) {
-  std::vector<VertexChain> chains = joinedChains(offsetPieces(polyline, side, dist, both));
-  chains.erase(std::remove_if(chains.begin(), chains.end(), isSpeck), chains.end());
-  return chains;
+  return form(source, request, both);
 }
 
 }  // namespace
@@ -168,12 +139,12 @@ std::vector<VertexChain> offsetChains(const CQdrGePolyline2d& polyline, const CQ
 bool CQdrGePolyline2d::getOffset(const CQdrGePoint2d& side, double dist, std::vector<void*>& pieces,
                                  bool both) const {
   pieces.clear();
-  return releaseAll(offsetPieces(*this, side, dist, both), pieces) > 0;
+  return releaseAll(offsetAs(offsetParts, *this, side, dist, both), pieces) > 0;
 }
 
 int CQdrGePolyline2d::offset(const CQdrGePoint2d& side, double dist, std::vector<void*>& pieces,
                              bool both) const {
-  releaseAll(offsetChains(*this, side, dist, both), pieces);
+  releaseAll(offsetAs(offsetChains, *this, side, dist, both), pieces);
   return static_cast<int>(pieces.size());
 }
 
@@ -183,7 +154,7 @@ int CQdrGePolyline2d::getOffsetPolylines(const CQdrGePoint2d& side, double dist,
 }
 
 bool CQdrGePolyline2d::offset(const CQdrGePoint2d& side, double dist) {
-  std::vector<VertexChain> chains = offsetChains(*this, side, dist, false);
+  std::vector<VertexChain> chains = offsetAs(offsetChains, *this, side, dist, false);
   if (chains.empty()) return false;
   const auto longest = std::max_element(
       chains.begin(), chains.end(),

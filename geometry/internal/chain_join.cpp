@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 #include "geometry/internal/near_points.h"
 #include "geometry/tolerance.h"
@@ -16,9 +17,24 @@ bool meet(const Vec& a, const Vec& b) {
   return distanceSqrd(a, b) < kJoinTolerance * kJoinTolerance;
 }
 
+bool areOne(const Vec& a, const Vec& b) {
+  return distanceSqrd(a, b) <= kPointTolerance * kPointTolerance;
+}
+
+/// What a chain may be joined to.
+enum class Ends : unsigned char {
+  open,   // to any that meets it
+  near,   // they meet each other: only to one that begins just where it ends
+  one,    // to none
+  taken,  // by another, or handed out
+};
+
 /// A single short line is no ring, near as its ends are.
-bool isRing(const VertexChain& chain) {
-  return chain.size() > 2 && meet(chain.points.front(), chain.points.back());
+Ends endsOf(const VertexChain& chain) {
+  const Vec& head = chain.points.front();
+  const Vec& tail = chain.points.back();
+  if (chain.size() <= 2 || !meet(head, tail)) return Ends::open;
+  return areOne(head, tail) ? Ends::one : Ends::near;
 }
 
 void reverseChain(VertexChain& chain) {
@@ -32,20 +48,30 @@ void reverseChain(VertexChain& chain) {
 class ChainJoiner {
  public:
   explicit ChainJoiner(std::vector<VertexChain> chains);
-  std::vector<VertexChain> run();
+  std::vector<VertexChain> run(std::vector<std::size_t>* joinedTo);
 
  private:
+  /// The chain that a row takes next, and how closely.
+  struct Follower {
+    std::size_t chain;
+    bool isExact;
+
+    bool fits(const Vec& a, const Vec& b) const { return isExact ? areOne(a, b) : meet(a, b); }
+  };
+
   std::size_t earliestAt(const Vec& end) const;
+  std::size_t earliestJustAt(const Vec& end) const;
+  Follower followerOf(const Vec& head, const Vec& tail, bool isNearlyClosed) const;
   void grow(std::size_t first);
   VertexChain assembled(std::size_t first);
 
   std::vector<VertexChain> m_chains;
-  std::vector<bool> m_isFree;  // neither taken nor a ring
-  NearPoints m_ends;           // 2 i is the start of chain i, 2 i + 1 its end
+  std::vector<Ends> m_kinds;
+  NearPoints m_ends;  // 2 i is the start of chain i, 2 i + 1 its end
   std::deque<std::size_t> m_row;
 };
 
-std::vector<Vec> endsOf(const std::vector<VertexChain>& chains) {
+std::vector<Vec> allEndsOf(const std::vector<VertexChain>& chains) {
   std::vector<Vec> ends;
   ends.reserve(2 * chains.size());
   for (const VertexChain& chain : chains)
@@ -54,18 +80,37 @@ std::vector<Vec> endsOf(const std::vector<VertexChain>& chains) {
 }
 
 ChainJoiner::ChainJoiner(std::vector<VertexChain> chains)
-    : m_chains(std::move(chains)), m_ends(endsOf(m_chains)) {
-  m_isFree.reserve(m_chains.size());
+    : m_chains(std::move(chains)), m_ends(allEndsOf(m_chains)) {
+  m_kinds.reserve(m_chains.size());
   for (const VertexChain& chain : m_chains)
-    m_isFree.push_back(!isRing(chain));
+    m_kinds.push_back(endsOf(chain));
 }
 
 std::size_t ChainJoiner::earliestAt(const Vec& end) const {
   std::size_t earliest = kNone;
   m_ends.forEachNear(end, [&](std::size_t k) {
-    if (m_isFree[k / 2]) earliest = std::min(earliest, k / 2);
+    if (m_kinds[k / 2] == Ends::open) earliest = std::min(earliest, k / 2);
   });
   return earliest;
+}
+
+std::size_t ChainJoiner::earliestJustAt(const Vec& end) const {
+  std::size_t earliest = kNone;
+  m_ends.forEachNear(end, [&](std::size_t k) {
+    const std::vector<Vec>& points = m_chains[k / 2].points;
+    const bool mayJoin = m_kinds[k / 2] == Ends::open || m_kinds[k / 2] == Ends::near;
+    if (mayJoin && areOne(end, k % 2 == 0 ? points.front() : points.back()))
+      earliest = std::min(earliest, k / 2);
+  });
+  return earliest;
+}
+
+/// A row whose ends meet, though not in one place, goes on only where that closes it better.
+ChainJoiner::Follower ChainJoiner::followerOf(const Vec& head, const Vec& tail,
+                                              bool isNearlyClosed) const {
+  const std::size_t next = isNearlyClosed ? kNone : std::min(earliestAt(tail), earliestAt(head));
+  if (next != kNone) return {next, false};
+  return {std::min(earliestJustAt(tail), earliestJustAt(head)), true};
 }
 
 /// Fills the row with chain `first` and all that joins it, in order and in the direction of first.
@@ -73,24 +118,25 @@ void ChainJoiner::grow(std::size_t first) {
   m_row.assign(1, first);
   Vec head = m_chains[first].points.front();
   Vec tail = m_chains[first].points.back();
-  bool isClosed = isRing(m_chains[first]);
-  while (!isClosed) {
-    const std::size_t next = std::min(earliestAt(tail), earliestAt(head));
-    if (next == kNone) return;
-    m_isFree[next] = false;
-    VertexChain& chain = m_chains[next];
-    const bool joinsTail = meet(tail, chain.points.front()) || meet(tail, chain.points.back());
-    const bool isBackward =
-        joinsTail ? !meet(tail, chain.points.front()) : !meet(head, chain.points.back());
+  Ends kind = std::exchange(m_kinds[first], Ends::taken);
+  while (kind != Ends::one) {
+    const Follower next = followerOf(head, tail, kind == Ends::near);
+    if (next.chain == kNone) return;
+    m_kinds[next.chain] = Ends::taken;
+    VertexChain& chain = m_chains[next.chain];
+    const Vec start = chain.points.front();
+    const Vec end = chain.points.back();
+    const bool joinsTail = next.fits(tail, start) || next.fits(tail, end);
+    const bool isBackward = joinsTail ? !next.fits(tail, start) : !next.fits(head, end);
     if (isBackward) reverseChain(chain);
     if (joinsTail) {
-      m_row.push_back(next);
+      m_row.push_back(next.chain);
       tail = chain.points.back();
     } else {
-      m_row.push_front(next);
+      m_row.push_front(next.chain);
       head = chain.points.front();
     }
-    isClosed = meet(head, tail);
+    kind = areOne(head, tail) ? Ends::one : (meet(head, tail) ? Ends::near : Ends::open);
   }
 }
 
@@ -116,13 +162,15 @@ VertexChain ChainJoiner::assembled(std::size_t first) {
   return whole;
 }
 
-std::vector<VertexChain> ChainJoiner::run() {
+std::vector<VertexChain> ChainJoiner::run(std::vector<std::size_t>* joinedTo) {
   std::vector<VertexChain> joined;
   for (std::size_t first = 0; first < m_chains.size(); ++first) {
-    const bool isTaken = !m_isFree[first] && !isRing(m_chains[first]);
-    if (isTaken) continue;
-    m_isFree[first] = false;
+    if (m_kinds[first] == Ends::taken) continue;
     grow(first);
+    if (joinedTo) {
+      for (const std::size_t i : m_row)
+        (*joinedTo)[i] = joined.size();
+    }
     joined.push_back(assembled(first));
   }
   return joined;
@@ -130,9 +178,11 @@ std::vector<VertexChain> ChainJoiner::run() {
 
 }  // namespace
 
-std::vector<VertexChain> joinedChains(std::vector<VertexChain> chains) {
+std::vector<VertexChain> joinedChains(std::vector<VertexChain> chains,
+                                      std::vector<std::size_t>* joinedTo) {
+  if (joinedTo) joinedTo->assign(chains.size(), 0);
   if (chains.size() < 2) return chains;
-  return ChainJoiner(std::move(chains)).run();
+  return ChainJoiner(std::move(chains)).run(joinedTo);
 }
 
 }  // namespace qdr

@@ -93,6 +93,10 @@ class Clearance {
   std::size_t size() const { return m_source.size(); }
 
   const TravelSegment& source(std::size_t j) const { return m_source[j]; }
+  std::span<const TravelSegment> sources() const { return m_source; }
+
+  /// Of the boxes of the source segments, in their order.
+  const BoxIndex& index() const { return m_index; }
 
   /// The standing of every segment; `index` holds their boxes in their order. Buried is told only
   /// where one source segment alone proves it.

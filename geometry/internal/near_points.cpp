@@ -26,12 +26,13 @@ std::size_t NearPoints::bucketOf(double cellX, double cellY) const {
   return static_cast<std::size_t>(mixed >> 32) & (m_heads.size() - 1);
 }
 
-std::vector<std::size_t> NearPoints::nodes() const {
+std::vector<std::size_t> NearPoints::nodes(double reach) const {
   std::vector<std::size_t> nodes(m_points.size());
   for (std::size_t k = 0; k < m_points.size(); ++k) {
     nodes[k] = k;
     forEachNear(m_points[k], [&](std::size_t j) {
-      if (j < k) nodes[k] = std::min(nodes[k], nodes[j]);
+      if (j < k && distanceSqrd(m_points[j], m_points[k]) < reach * reach)
+        nodes[k] = std::min(nodes[k], nodes[j]);
     });
   }
   return nodes;

@@ -29,8 +29,9 @@ class NearPoints {
     if (highX != lowX && highY != lowY) visitCell(highX, highY, p, visit);
   }
 
-  /// For each point the first one near it: points of one number share a node.
-  std::vector<std::size_t> nodes() const;
+  /// For each point the first one nearer than `reach`, at most 0.002: points of one number share a
+  /// node.
+  std::vector<std::size_t> nodes(double reach = kJoinTolerance) const;
 
  private:
   static constexpr std::uint32_t kNone = static_cast<std::uint32_t>(-1);

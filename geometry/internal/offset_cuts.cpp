@@ -224,6 +224,10 @@ bool lieAlong(const TravelSegment& a, const TravelSegment& b) {
   return std::max(from, to) > reach && std::min(from, to) < chord.lengthSqrd() - reach;
 }
 
+bool runAlike(const TravelSegment& a, const TravelSegment& b) {
+  return a.isArc() ? a.bulge * b.bulge > 0.0 : dot(a.end - a.start, b.end - b.start) > 0.0;
+}
+
 CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve, const PartJudge& judge,
                  std::size_t most) {
   return CutCollector(clip, curve, judge, most).run();

@@ -34,4 +34,7 @@ CurveCuts cutsOf(const OffsetClip& clip, const OffsetCurve& curve, const PartJud
 /// Whether two lines or two arcs run over the same line or circle for more than a point.
 bool lieAlong(const TravelSegment& a, const TravelSegment& b);
 
+/// Of two such, whether they run in one direction.
+bool runAlike(const TravelSegment& a, const TravelSegment& b);
+
 }  // namespace qdr

@@ -39,7 +39,9 @@ std::vector<SlicePart> partsAlong(const OffsetCurve& curve, const std::vector<bo
 
 class RepeatFinder {
  public:
-  RepeatFinder(const OffsetCurve& curve, std::vector<SlicePart> parts);
+  enum class Travel { any, alike };
+
+  RepeatFinder(const OffsetCurve& curve, std::vector<SlicePart> parts, Travel travel);
 
   /// The stretches that run over parts of earlier slices, each as long as it goes.
   std::vector<Repeat> run();
@@ -51,14 +53,15 @@ class RepeatFinder {
 
   const OffsetCurve& m_curve;
   std::vector<SlicePart> m_parts;
+  Travel m_travel;
   BoxIndex m_index;
   std::vector<std::size_t> m_covering;
   std::vector<double> m_params;
   std::vector<Repeat> m_repeats;
 };
 
-RepeatFinder::RepeatFinder(const OffsetCurve& curve, std::vector<SlicePart> parts)
-    : m_curve(curve), m_parts(std::move(parts)) {
+RepeatFinder::RepeatFinder(const OffsetCurve& curve, std::vector<SlicePart> parts, Travel travel)
+    : m_curve(curve), m_parts(std::move(parts)), m_travel(travel) {
   std::vector<Box> boxes;
   boxes.reserve(m_parts.size());
   for (const SlicePart& part : m_parts)
@@ -71,7 +74,9 @@ void RepeatFinder::findCovering(std::size_t k) {
   m_covering.clear();
   m_index.forEachOverlap(m_index.boxAt(k), [&](std::size_t j) {
     if (j >= k) return false;  // in ascending order
-    if (lieAlong(part.curve, m_parts[j].curve)) m_covering.push_back(j);
+    const TravelSegment& earlier = m_parts[j].curve;
+    const bool counts = m_travel == Travel::any || runAlike(part.curve, earlier);
+    if (counts && lieAlong(part.curve, earlier)) m_covering.push_back(j);
     return true;
   });
 }
@@ -144,14 +149,8 @@ std::vector<Repeat> droppable(const std::vector<Repeat>& repeats,
   return dropped;
 }
 
-}  // namespace
-
-std::vector<Slice> withoutRepeats(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
-                                  const std::vector<Slice>& slices) {
-  RepeatFinder finder(curve, partsAlong(curve, liesAlong, slices));
-  const std::vector<Repeat> repeats = finder.run();
-  if (repeats.empty()) return slices;
-  const std::vector<Repeat> dropped = droppable(repeats, slices);
+/// The slices without these stretches of them.
+std::vector<Slice> without(const std::vector<Repeat>& dropped, const std::vector<Slice>& slices) {
   std::vector<Slice> rest;
   rest.reserve(slices.size() + dropped.size());
   auto next = dropped.begin();
@@ -164,6 +163,25 @@ std::vector<Slice> withoutRepeats(const OffsetCurve& curve, const std::vector<bo
     if (isEarlier(from, slices[s].to)) rest.push_back({from, slices[s].to});
   }
   return rest;
+}
+
+std::vector<Repeat> repeatsOf(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
+                              const std::vector<Slice>& slices, RepeatFinder::Travel travel) {
+  return RepeatFinder(curve, partsAlong(curve, liesAlong, slices), travel).run();
+}
+
+}  // namespace
+
+std::vector<Slice> withoutRepeats(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
+                                  const std::vector<Slice>& slices) {
+  const auto repeats = repeatsOf(curve, liesAlong, slices, RepeatFinder::Travel::any);
+  return repeats.empty() ? slices : without(droppable(repeats, slices), slices);
+}
+
+std::vector<Slice> withoutParallels(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
+                                    const std::vector<Slice>& slices) {
+  const auto repeats = repeatsOf(curve, liesAlong, slices, RepeatFinder::Travel::alike);
+  return without(repeats, slices);
 }
 
 }  // namespace qdr

@@ -14,4 +14,8 @@ namespace qdr {
 std::vector<Slice> withoutRepeats(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
                                   const std::vector<Slice>& slices);
 
+/// The same of stretches that run the way of the earlier ones, whatever would break.
+std::vector<Slice> withoutParallels(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
+                                    const std::vector<Slice>& slices);
+
 }  // namespace qdr

@@ -21,6 +21,7 @@ class PartJudge {
 
   double distance() const { return m_distance; }
   std::span<const Standing> standings() const { return m_standings.standings; }
+  const Clearance& clearance() const { return m_clearance; }
 
   /// Whether one look proves a place of segment `i` nearer than the limit to the source.
   bool isSunk(std::size_t i, const Vec& p) const {

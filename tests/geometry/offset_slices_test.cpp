@@ -96,8 +96,8 @@ TEST(OffsetSlices, EveryPairLookedAtGivesTheSamePieces) {
     ChainMaker maker(seed);
     const VertexChain chain = maker.make();
     const RawOffsets offsets(chain, maker.between(0.1, 2.5), seed % 3 != 0);
-    const auto found = clippedOffset(offsets.clip());
-    const auto plain = clippedOffset(offsets.clip(1e9));
+    const auto found = qdr::ClippedOffset(offsets.clip()).parts();
+    const auto plain = qdr::ClippedOffset(offsets.clip(1e9)).parts();
     ASSERT_EQ(found.size(), plain.size()) << "seed " << seed;
     for (std::size_t k = 0; k < found.size(); ++k) {
       EXPECT_TRUE(std::equal(found[k].points.begin(), found[k].points.end(),
