@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "geometry/circ_arc2d.h"
 #include "geometry/internal/bulge.h"
@@ -71,6 +72,34 @@ bool isSurelyFarther(const TravelSegment& segment, const Vec& point, double reac
   const double margin = kPointTolerance * (1.0 + reach) + 2.0 * kAngleTolerance * segment.radius;
   const double limit = reach + margin;
   return distanceSqrdTo(segment, point) > limit * limit;
+}
+
+/// The place of an arc nearest to `p`, told without angles, unless it lies so near an end that the
+/// angle decides which an arc allows beyond its ends.
+std::optional<Vec> nearestPlaceClearOfEnds(const TravelSegment& arc, const Vec& p) {
+  const Vec arm = p - arc.center;
+  const double armLength = arm.length();
+  if (!(armLength > kRoundingRatio * arc.radius)) return std::nullopt;
+  const Vec onCircle = arc.center + arm * (arc.radius / armLength);
+  const double reach = 2.0 * kAngleTolerance * arc.radius;
+  if (distanceSqrd(onCircle, arc.start) < reach * reach ||
+      distanceSqrd(onCircle, arc.end) < reach * reach)
+    return std::nullopt;
+  if (arc.isWithinSweep(onCircle)) return onCircle;
+  return distanceSqrd(p, arc.end) < distanceSqrd(p, arc.start) ? arc.end : arc.start;
+}
+
+/// The place of segment `i` nearest to `point`; nothing for a segment without length.
+std::optional<CQdrGePoint2d> nearestPlaceAt(const CQdrGePolyline2d& chain, int i,
+                                            const CQdrGePoint2d& point, double tol) {
+  CQdrGeLine2d line;
+  if (chain.getLineSegAt(i, line)) return line.closestPointTo(point, tol);
+  if (chain.segType(i) != CQdrGePolyline2d::kArcSeg) return std::nullopt;
+  const auto place = nearestPlaceClearOfEnds(travelSegment(chain, i), toVec(point));
+  if (place) return toPoint(*place);
+  CQdrGeCircArc2d arc;
+  chain.getArcSegAt(i, arc);
+  return arc.closestPointTo(point, tol);
 }
 
 }  // namespace
@@ -212,23 +241,15 @@ CQdrGePoint2d CQdrGePolyline2d::closestPointTo(const CQdrGePoint2d& point, int& 
   segment = -1;
   CQdrGePoint2d best = m_points.empty() ? CQdrGePoint2d::kOrigin : m_points.front();
   double bestDistance = kInfinity;
-  CQdrGeLine2d line;
-  CQdrGeCircArc2d arc;
   for (int i = 0; i < numVerts(); ++i) {
     if (segment >= 0 && isSurelyFarther(travelSegment(*this, i), toVec(point), bestDistance))
       continue;
-    CQdrGePoint2d candidate;
-    if (getLineSegAt(i, line)) {
-      candidate = line.closestPointTo(point, tol);
-    } else if (getArcSegAt(i, arc)) {
-      candidate = arc.closestPointTo(point, tol);
-    } else {
-      continue;
-    }
-    const double candidateDistance = candidate.distanceTo(point);
+    const auto candidate = nearestPlaceAt(*this, i, point, tol);
+    if (!candidate) continue;
+    const double candidateDistance = candidate->distanceTo(point);
     if (!(candidateDistance < bestDistance)) continue;
     bestDistance = candidateDistance;
-    best = candidate;
+    best = *candidate;
     segment = i;
   }
   return best;
