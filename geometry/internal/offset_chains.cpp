@@ -38,6 +38,8 @@ class OffsetSides {
   std::vector<VertexChain> chains() const;
 
  private:
+  void makeRaw(const VertexChain& source, const OffsetRequest& request,
+               const OffsetRequest& opposite);
   std::vector<bool> closeUp(const std::vector<bool>& isPartOfOpen,
                             std::vector<VertexChain>& closing) const;
   std::vector<VertexChain> closedUp(std::vector<VertexChain> joined,
@@ -51,9 +53,7 @@ class OffsetSides {
 
 OffsetSides::OffsetSides(const VertexChain& source, const OffsetRequest& request, bool both) {
   const OffsetRequest opposite{request.distance, -request.direction, request.closed};
-  const VertexChain merged = withoutNearVertices(source, &m_gaps);
-  m_raw = rawOffset(preparedForOffset(merged, request, &m_gaps), request, &m_gaps);
-  m_other = rawOffset(preparedForOffset(merged, opposite), opposite, &m_gaps);
+  makeRaw(source, request, opposite);
   const auto clip = [&](const VertexChain& wanted, const VertexChain& other, int direction) {
     m_sides.emplace_back(OffsetClip{.sourcePoints = source.points,
                                     .sourceBulges = source.bulges,
@@ -67,6 +67,13 @@ OffsetSides::OffsetSides(const VertexChain& source, const OffsetRequest& request
   m_sides.reserve(2);
   clip(m_raw, m_other, request.direction);
   if (both) clip(m_other, m_raw, opposite.direction);
+}
+
+void OffsetSides::makeRaw(const VertexChain& source, const OffsetRequest& request,
+                          const OffsetRequest& opposite) {
+  const VertexChain merged = withoutNearVertices(source, &m_gaps);
+  m_raw = rawOffset(preparedForOffset(merged, request, &m_gaps), request, &m_gaps);
+  m_other = rawOffset(preparedForOffset(merged, opposite), opposite, &m_gaps);
 }
 
 std::vector<VertexChain> OffsetSides::parts() const {

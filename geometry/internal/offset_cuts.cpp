@@ -41,9 +41,8 @@ class CutCollector {
   void cutBoth(std::size_t i, std::size_t j);
   void cutRoundEnds();
   void cutSegment(std::size_t i);
-  BoxIndex indexOfUnburied() const;
-  void cutAtOther(const BoxIndex& unburied);
-  void cutAtItself(const BoxIndex& unburied);
+  void cutAtOther();
+  void cutAtItself();
   void sortCuts();
 
   const OffsetClip& m_clip;
@@ -133,35 +132,33 @@ void CutCollector::cutSegment(std::size_t i) {
   m_near.clear();
 }
 
-/// Boxes of the segments that are cut, with the margin within which vertices count as near.
-BoxIndex CutCollector::indexOfUnburied() const {
-  std::vector<Box> boxes = boxesOf(m_curve.segments, kMergeTolerance + m_clip.widening);
-  for (std::size_t i = 0; i < boxes.size(); ++i) {
-    if (isBuried(i)) boxes[i] = Box();
-  }
-  return BoxIndex(std::move(boxes), BoxIndex::Order::given);
-}
-
-// An object, not a function: the walk through the index takes it in.
-constexpr auto boxesOverlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
-
-void CutCollector::cutAtOther(const BoxIndex& unburied) {
-  const std::vector<TravelSegment> others =
-      segmentsOf(m_clip.other.points, m_clip.other.bulges, false);
-  const BoxIndex index(boxesOf(others, m_clip.widening), BoxIndex::Order::given);
-  forEachNearPair(unburied, index, boxesOverlap, [&](std::size_t i, std::size_t j) {
-    addCuts(i, meetSegments(m_curve.segments[i], others[j]));
+void CutCollector::cutAtOther() {
+  const VertexChain& other = m_clip.other;
+  std::vector<Box> boxes;
+  boxes.reserve(other.size() + other.size() / 4 + 4);
+  for (std::size_t j = 0; j + 1 < other.size(); ++j)
+    boxes.push_back(segmentAt(other.points, other.bulges, j).box().inflated(m_clip.widening));
+  const BoxIndex index(std::move(boxes), BoxIndex::Order::given);
+  constexpr auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
+  forEachNearPair(m_curve.index, index, overlap, [&](std::size_t i, std::size_t j) {
+    if (isBuried(i)) return false;
+    addCuts(i, meetSegments(m_curve.segments[i], segmentAt(other.points, other.bulges, j)));
     return !m_found.areTooMany;
   });
 }
 
-void CutCollector::cutAtItself(const BoxIndex& unburied) {
+void CutCollector::cutAtItself() {
+  // So wide that vertices that count as near are found with what crosses.
+  constexpr auto areNear = [](const Box& a, const Box& b) {
+    return a.inflated(kMergeTolerance).overlaps(b);
+  };
   std::size_t current = 0;
-  forEachNearPair(unburied, m_curve.index, boxesOverlap, [&](std::size_t i, std::size_t j) {
+  forEachNearPair(m_curve.index, m_curve.index, areNear, [&](std::size_t i, std::size_t j) {
+    if (m_found.areTooMany || isBuried(i)) return false;
     if (i != current) cutSegment(current);
     current = i;
-    if (!m_found.areTooMany) m_near.push_back(static_cast<std::uint32_t>(j));
-    return !m_found.areTooMany;
+    m_near.push_back(static_cast<std::uint32_t>(j));
+    return true;
   });
   cutSegment(current);
 }
@@ -196,9 +193,8 @@ void CutCollector::sortCuts() {
 }
 
 CurveCuts CutCollector::run() {
-  const BoxIndex unburied = indexOfUnburied();
-  cutAtOther(unburied);
-  cutAtItself(unburied);
+  cutAtOther();
+  cutAtItself();
   cutRoundEnds();
   sortCuts();
   return std::move(m_found);
