@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <queue>
 #include <span>
 #include <utility>
@@ -80,9 +79,15 @@ Vec placeBeside(const TravelSegment& segment, double t, int direction) {
 class SurplusFinder {
  public:
   SurplusFinder(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
-                std::span<const TravelSegment> source, int direction);
+                const Clearance& source, int direction);
 
-  bool isSurplus(const Slice& slice) const;
+  enum class Kind : unsigned char {
+    bounding,
+    covered,  // by a sharp corner
+    beyond,   // on the other side of the source
+  };
+
+  Kind kindOf(const Slice& slice) const;
 
  private:
   int countReturns(std::size_t i, const Vec& place) const;
@@ -91,19 +96,21 @@ class SurplusFinder {
   const std::vector<bool>& m_liesAlong;
   int m_direction;
   Winding m_winding;
+  Winding m_windingOfSource;
   int m_turnsBeside;  // of the source round a place on its wanted side
 };
 
 SurplusFinder::SurplusFinder(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
-                             std::span<const TravelSegment> source, int direction)
+                             const Clearance& source, int direction)
     : m_curve(curve),
       m_liesAlong(liesAlong),
       m_direction(direction),
-      m_winding(curve.segments, curve.index) {
+      m_winding(curve.segments, curve.index),
+      m_windingOfSource(source.sources(), source.index()) {
   const auto longest = std::max_element(
-      source.begin(), source.end(),
+      source.sources().begin(), source.sources().end(),
       [](const TravelSegment& a, const TravelSegment& b) { return a.length() < b.length(); });
-  m_turnsBeside = turnsAbout(source, placeBeside(*longest, 0.5, direction));
+  m_turnsBeside = m_windingOfSource.about(placeBeside(*longest, 0.5, direction));
 }
 
 /// How many segments come back over the place of segment `i`.
@@ -124,7 +131,7 @@ int SurplusFinder::countReturns(std::size_t i, const Vec& place) const {
 /// Beside what bounds it the offset turns round a place as often as the source does there. Sharp
 /// corners change that for what they cover, and on the other side the source turns otherwise. Where
 /// the offset comes back by the line that it went, the place may lie between the two.
-bool SurplusFinder::isSurplus(const Slice& slice) const {
+SurplusFinder::Kind SurplusFinder::kindOf(const Slice& slice) const {
   double longest = -1.0;
   CurvePart part;
   m_curve.forEachPart(slice, [&](const CurvePart& candidate) {
@@ -136,10 +143,12 @@ bool SurplusFinder::isSurplus(const Slice& slice) const {
   });
   const TravelSegment& segment = m_curve.segments[part.segment];
   const double middle = (part.from + part.to) / 2.0;
-  const int turns = m_winding.about(placeBeside(segment, middle, m_direction));
-  const int missing = (m_turnsBeside - turns) * m_direction;
-  return missing != 0 &&
-         (missing < 0 || missing > countReturns(part.segment, segment.pointAt(middle)));
+  const Vec place = placeBeside(segment, middle, m_direction);
+  const int missing = (m_turnsBeside - m_winding.about(place)) * m_direction;
+  if (missing == 0) return Kind::bounding;
+  if (m_windingOfSource.about(place) != m_turnsBeside) return Kind::beyond;
+  const int returns = missing > 0 ? countReturns(part.segment, segment.pointAt(middle)) : 0;
+  return missing > 0 && missing <= returns ? Kind::bounding : Kind::covered;
 }
 
 /// Takes surplus slices out between loose ends.
@@ -151,14 +160,13 @@ class DeadEndRemover {
         m_slices(slices),
         m_finder(finder),
         m_net(slices),
-        m_states(slices.size(), State::unknown),
         m_isLoose(m_net.looseEnds()),
         m_ways(m_net.size()) {}
 
   std::vector<Slice> run();
 
  private:
-  enum class State : unsigned char { unknown, bounds, surplus, dropped };
+  enum class State : unsigned char { bounding, covered, dropped };
 
   /// The way to a node that is being searched, and the end by which it left the node before.
   struct Way {
@@ -173,8 +181,7 @@ class DeadEndRemover {
     bool operator>(const Step& other) const { return length > other.length; }
   };
 
-  bool isSurplus(std::size_t s);
-  std::optional<std::vector<Slice>> bounding();
+  void dropBeyond();
   void reach(std::size_t node, const Way& way);
   void leave(std::size_t node);
   void dropWay(std::size_t start, std::size_t node);
@@ -191,10 +198,18 @@ class DeadEndRemover {
   std::priority_queue<Step, std::vector<Step>, std::greater<>> m_steps;
 };
 
-bool DeadEndRemover::isSurplus(std::size_t s) {
-  if (m_states[s] == State::unknown)
-    m_states[s] = m_finder.isSurplus(m_slices[s]) ? State::surplus : State::bounds;
-  return m_states[s] == State::surplus;
+/// What lies beyond the source is connected with nothing on its wanted side.
+void DeadEndRemover::dropBeyond() {
+  m_states.reserve(m_slices.size());
+  for (std::size_t s = 0; s < m_slices.size(); ++s) {
+    const SurplusFinder::Kind kind = m_finder.kindOf(m_slices[s]);
+    const bool isBeyond = kind == SurplusFinder::Kind::beyond;
+    const State ifKept = kind == SurplusFinder::Kind::covered ? State::covered : State::bounding;
+    m_states.push_back(isBeyond ? State::dropped : ifKept);
+    if (!isBeyond) continue;
+    for (const std::size_t node : {m_net.nodeOf(2 * s), m_net.nodeOf(2 * s + 1)})
+      m_isLoose[node] = !m_isLoose[node];
+  }
 }
 
 void DeadEndRemover::reach(std::size_t node, const Way& way) {
@@ -204,10 +219,10 @@ void DeadEndRemover::reach(std::size_t node, const Way& way) {
   m_steps.push({way.length, node});
 }
 
-/// Goes on from a node along all slices that are surplus.
+/// Goes on from a node along all slices that corners cover.
 void DeadEndRemover::leave(std::size_t node) {
   m_net.forEachEnd(node, [&](std::size_t k) {
-    if (!isSurplus(k / 2)) return;
+    if (m_states[k / 2] != State::covered) return;
     const double length = m_ways[node].length + m_curve.lengthOf(m_slices[k / 2]);
     reach(m_net.nodeOf(k ^ 1), {length, k});
   });
@@ -242,22 +257,8 @@ void DeadEndRemover::dropWayFrom(std::size_t start) {
   m_steps = {};
 }
 
-/// What bounds the offset, when that closes by itself.
-std::optional<std::vector<Slice>> DeadEndRemover::bounding() {
-  std::vector<bool> isLoose(m_net.size(), false);
-  std::vector<Slice> slices;
-  for (std::size_t s = 0; s < m_slices.size(); ++s) {
-    if (isSurplus(s)) continue;
-    slices.push_back(m_slices[s]);
-    for (const std::size_t node : {m_net.nodeOf(2 * s), m_net.nodeOf(2 * s + 1)})
-      isLoose[node] = !isLoose[node];
-  }
-  const bool closes = std::find(isLoose.begin(), isLoose.end(), true) == isLoose.end();
-  return closes ? std::optional(std::move(slices)) : std::nullopt;
-}
-
 std::vector<Slice> DeadEndRemover::run() {
-  if (std::optional<std::vector<Slice>> slices = bounding()) return *slices;
+  dropBeyond();
   for (std::size_t node = 0; node < m_net.size(); ++node) {
     if (m_isLoose[node]) dropWayFrom(node);
   }
@@ -322,7 +323,7 @@ std::vector<bool> connectedWith(const std::vector<Slice>& slices,
 std::vector<Slice> withoutDeadEnds(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
                                    const Clearance& source, int direction,
                                    const std::vector<Slice>& slices) {
-  const SurplusFinder finder(curve, liesAlong, source.sources(), direction);
+  const SurplusFinder finder(curve, liesAlong, source, direction);
   return DeadEndRemover(curve, slices, finder).run();
 }
 

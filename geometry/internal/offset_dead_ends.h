@@ -18,11 +18,12 @@ std::vector<bool> connectedWith(const std::vector<Slice>& slices,
 /// another. An end is loose where an odd number of slices ends, so that their chains cannot all
 /// close.
 ///
-/// What bounds the offset closes by itself. Loose ends come from surplus slices: those that run
-/// inside a sharp corner, or that a corner has carried through the source to its other side. They
-/// are told by how often the raw offset turns round a place beside them. When the rest closes, all
-/// of the surplus goes. Otherwise the raw offset lacks some of the border: of the surplus goes the
-/// shortest way from each loose end to another, and ends without such a way stay loose.
+/// What bounds the offset closes by itself. Loose ends come from slices that run inside a sharp
+/// corner, or that a corner has carried through the source to its other side. They are told by how
+/// often raw offset and source turn round a place beside them. What is on the other side goes. Of
+/// what a corner covers goes the shortest way from each loose end to another, and nothing else, so
+/// that corners which cover all of an offset leave something of it; where there is no such way, as
+/// at a border that the raw offset lacks, the ends stay loose.
 ///
 /// `liesAlong` marks the segments that others run over.
 std::vector<Slice> withoutDeadEnds(const OffsetCurve& curve, const std::vector<bool>& liesAlong,
