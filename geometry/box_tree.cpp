@@ -106,14 +106,10 @@ std::uint32_t BoxTree::NodeOf<Cell>::meeting(const Cells& area) const {
   });
 }
 
-/// The boxes that overlap by strict orders of cells alone.
+/// Whether box `k` overlaps by strict orders of cells alone.
 template <class Cell>
-std::uint32_t BoxTree::NodeOf<Cell>::surelyMeeting(const Cells& area) const {
-  const Cell areaMinX = area[0], areaMinY = area[1], areaMaxX = area[2], areaMaxY = area[3];
-  return bitsWhere([&](std::size_t k) {
-    return (minX[k] < areaMaxX) & (areaMinX < maxX[k]) & (minY[k] < areaMaxY) &
-           (areaMinY < maxY[k]);
-  });
+bool BoxTree::NodeOf<Cell>::surelyMeets(const Cells& area, std::size_t k) const {
+  return (minX[k] < area[2]) & (area[0] < maxX[k]) & (minY[k] < area[3]) & (area[1] < maxY[k]);
 }
 
 /// Without a finite extent all sides fall into one cell: every box is a candidate, none is sure.
@@ -175,12 +171,9 @@ class BoxTree::Walk {
     for (const std::uint32_t place : places) {
       const Leaf& leaf = m_tree.m_leaves[place];
       const Leaf::Cells cells = leaf.cellsOf(m_area);
-      std::uint32_t found = leaf.meeting(cells);
-      if (found == 0) continue;
-      const std::uint32_t sure = leaf.surelyMeeting(cells);
-      for (; found != 0; found &= found - 1) {
+      for (std::uint32_t found = leaf.meeting(cells); found != 0; found &= found - 1) {
         const std::size_t k = firstBit(found);
-        if (!m_report(m_context, leaf.names[k], (sure >> k & 1) != 0)) return false;
+        if (!m_report(m_context, leaf.names[k], leaf.surelyMeets(cells, k))) return false;
       }
     }
     return true;

@@ -58,7 +58,7 @@ class QDR_API BoxTree {
 
     Cells cellsOf(const Box& box) const;
     std::uint32_t meeting(const Cells& area) const;
-    std::uint32_t surelyMeeting(const Cells& area) const;
+    bool surelyMeets(const Cells& area, std::size_t k) const;
     void fill(std::span<const Box> boxes, const Box& bounds);
 
     std::array<double, 2> origin;  // of the frame, by axis
