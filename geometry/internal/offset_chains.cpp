@@ -72,8 +72,13 @@ OffsetSides::OffsetSides(const VertexChain& source, const OffsetRequest& request
 void OffsetSides::makeRaw(const VertexChain& source, const OffsetRequest& request,
                           const OffsetRequest& opposite) {
   const VertexChain merged = withoutNearVertices(source, &m_gaps);
-  m_raw = rawOffset(preparedForOffset(merged, request, &m_gaps), request, &m_gaps);
-  m_other = rawOffset(preparedForOffset(merged, opposite), opposite, &m_gaps);
+  const std::size_t gaps = m_gaps.size();
+  const VertexChain prepared = preparedForOffset(merged, request, &m_gaps);
+  // Only arcs that one of the sides swallows, which are gaps, are prepared otherwise for the other.
+  const bool isAlike = m_gaps.size() == gaps;
+  const VertexChain preparedOther = isAlike ? VertexChain() : preparedForOffset(merged, opposite);
+  m_raw = rawOffset(prepared, request, &m_gaps);
+  m_other = rawOffset(isAlike ? prepared : preparedOther, opposite, &m_gaps);
 }
 
 std::vector<VertexChain> OffsetSides::parts() const {
