@@ -5,7 +5,8 @@
 
 namespace qdr {
 
-NearPoints::NearPoints(std::vector<Vec> points) : m_points(std::move(points)) {
+NearPoints::NearPoints(std::vector<Vec> points, double reach)
+    : m_reach(reach), m_cell(4.0 * reach), m_points(std::move(points)) {
   if (m_points.empty()) return;
   m_heads.assign(std::bit_ceil(2 * m_points.size()), kNone);
   m_next.resize(m_points.size());

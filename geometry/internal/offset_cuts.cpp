@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <tuple>
 
 #include "geometry/internal/curve_intersection.h"
 #include "geometry/internal/curve_nearness.h"
+#include "geometry/internal/near_points.h"
 #include "geometry/tolerance.h"
 
 namespace qdr {
@@ -34,13 +36,12 @@ class CutCollector {
   CurveCuts run();
 
  private:
-  bool isNearVertex(const Vec& p) const;
+  bool isNearVertex(const Vec& p);
   bool isBuried(std::size_t i) const { return m_judge.standings()[i].kind == Standing::buried; }
   void addCut(std::size_t i, const Vec& p, bool isWeak);
   void addCuts(std::size_t i, const Meeting& meeting);
   void cutBoth(std::size_t i, std::size_t j);
   void cutRoundEnds();
-  void cutSegment(std::size_t i);
   void cutAtOther();
   void cutAtItself();
   void sortCuts();
@@ -51,20 +52,20 @@ class CutCollector {
   std::size_t m_most;
   CurveCuts m_found;
   std::size_t m_sortAt = kFewCuts;  // from this number of cuts on repeats go
-  // Segments with a place or a vertex near the one that is cut; empty while it is not known which.
-  std::vector<std::uint32_t> m_near;
+  std::optional<NearPoints> m_vertices;
 };
 
-bool CutCollector::isNearVertex(const Vec& p) const {
-  constexpr std::size_t kFew = 32;
-  const auto hasVertexNear = [&](std::size_t j) {
-    return isNearer(p, m_curve.segments[j].start, kMergeTolerance) ||
-           isNearer(p, m_curve.segments[j].end, kMergeTolerance);
-  };
-  if (!m_near.empty() && m_near.size() <= kFew)
-    return std::any_of(m_near.begin(), m_near.end(), hasVertexNear);
-  return !m_curve.index.forEachOverlap(boxOfPoint(p).inflated(kMergeTolerance),
-                                       [&](std::size_t j) { return !hasVertexNear(j); });
+/// The vertices are put into a grid when the first crossing asks for them.
+bool CutCollector::isNearVertex(const Vec& p) {
+  if (!m_vertices) {
+    constexpr double kReach = kMergeTolerance * (1.0 + kJoinTolerance);
+    m_vertices.emplace(m_clip.raw.points, kReach);
+  }
+  bool isNearAny = false;
+  m_vertices->forEachNear(p, [&](std::size_t k) {
+    isNearAny = isNearAny || isNearer(p, m_clip.raw.points[k], kMergeTolerance);
+  });
+  return isNearAny;
 }
 
 void CutCollector::addCut(std::size_t i, const Vec& p, bool isWeak) {
@@ -125,13 +126,6 @@ void CutCollector::cutRoundEnds() {
   }
 }
 
-void CutCollector::cutSegment(std::size_t i) {
-  for (const std::uint32_t j : m_near) {
-    if (j > i && !isBuried(j)) cutBoth(i, j);
-  }
-  m_near.clear();
-}
-
 void CutCollector::cutAtOther() {
   const VertexChain& other = m_clip.other;
   std::vector<Box> boxes;
@@ -148,19 +142,12 @@ void CutCollector::cutAtOther() {
 }
 
 void CutCollector::cutAtItself() {
-  // So wide that vertices that count as near are found with what crosses.
-  constexpr auto areNear = [](const Box& a, const Box& b) {
-    return a.inflated(kMergeTolerance).overlaps(b);
-  };
-  std::size_t current = 0;
-  forEachNearPair(m_curve.index, m_curve.index, areNear, [&](std::size_t i, std::size_t j) {
+  constexpr auto overlap = [](const Box& a, const Box& b) { return a.overlaps(b); };
+  forEachNearPair(m_curve.index, m_curve.index, overlap, [&](std::size_t i, std::size_t j) {
     if (m_found.areTooMany || isBuried(i)) return false;
-    if (i != current) cutSegment(current);
-    current = i;
-    m_near.push_back(static_cast<std::uint32_t>(j));
+    if (j > i && !isBuried(j)) cutBoth(i, j);
     return true;
   });
-  cutSegment(current);
 }
 
 /// Segment after segment by counting, then along each, every cut once. Where many segments run over

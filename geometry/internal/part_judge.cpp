@@ -43,7 +43,9 @@ bool PartJudge::isClear(const CurvePart& part) {
   if (standing.kind == Standing::broken && m_clearance.isWithin(segment.middle(), standing.source))
     return false;
   const BoundedPart bounded(segment);
-  if (isStraightened) return !m_clearance.isBroken(bounded);
+  // What is told of the arc holds for a chord that is no farther from it than this.
+  const double rise = kBulgeTolerance * bounded.reach;
+  if (isStraightened && rise > kJoinTolerance / 2.0) return !m_clearance.isBroken(bounded);
   return !anyNear(part, [&](std::uint32_t j) { return m_clearance.isBroken(bounded, j); });
 }
 
