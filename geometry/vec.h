@@ -35,4 +35,9 @@ inline double distance(const Vec& a, const Vec& b) {
   return std::sqrt(distanceSqrd(a, b));
 }
 
+/// Whether two places are no farther apart than `reach`.
+constexpr bool areWithin(const Vec& a, const Vec& b, double reach) {
+  return distanceSqrd(a, b) <= reach * reach;
+}
+
 }  // namespace qdr

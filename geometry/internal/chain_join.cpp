@@ -18,7 +18,7 @@ bool meet(const Vec& a, const Vec& b) {
 }
 
 bool areOne(const Vec& a, const Vec& b) {
-  return distanceSqrd(a, b) <= kPointTolerance * kPointTolerance;
+  return areWithin(a, b, kPointTolerance);
 }
 
 /// What a chain may be joined to.

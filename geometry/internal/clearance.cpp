@@ -89,7 +89,8 @@ bool Clearance::isBuriedByArc(const TravelSegment& part, std::span<const Vec> hu
   return inner < 0.0 || !isPlaceNearer(part, arc.center, inner);
 }
 
-/// Takes the segments one after the other, each with the source segments that may be near.
+/// Takes the segments one after the other, each with the source segments that may be near. A list
+/// that has grown by one over the most that are kept is known to be too long.
 class Clearance::StandingFinder {
  public:
   StandingFinder(const Clearance& clearance, std::span<const TravelSegment> segments)

@@ -40,10 +40,11 @@ struct Standings {
 
 /// A segment with the bounds that tell most others apart from it.
 struct BoundedPart {
-  explicit BoundedPart(const TravelSegment& part)
+  /// `place` is the middle of the part.
+  BoundedPart(const TravelSegment& part, const Vec& place)
       : segment(part),
         box(part.box()),
-        middle(part.middle()),
+        middle(place),
         reach(distance(middle, part.start) + kPointTolerance) {}
 
   TravelSegment segment;

@@ -92,7 +92,7 @@ bool liesBeside(const TravelSegment& a, const TravelSegment& b) {
 }
 
 bool isNear(const Vec& a, const Vec& b) {
-  return distanceSqrd(a, b) <= kCurveTolerance * kCurveTolerance;
+  return areWithin(a, b, kCurveTolerance);
 }
 
 }  // namespace

@@ -11,8 +11,7 @@ namespace qdr {
 namespace {
 
 bool isRing(const VertexChain& chain) {
-  return chain.size() > 2 && distanceSqrd(chain.points.front(), chain.points.back()) <=
-                                 kPointTolerance * kPointTolerance;
+  return chain.size() > 2 && areWithin(chain.points.front(), chain.points.back(), kPointTolerance);
 }
 
 /// Whether a chain is open and shorter than what an offset keeps.

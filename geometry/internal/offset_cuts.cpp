@@ -14,10 +14,6 @@ namespace qdr {
 
 namespace {
 
-bool isNearer(const Vec& a, const Vec& b, double reach) {
-  return distanceSqrd(a, b) <= reach * reach;
-}
-
 constexpr std::size_t kFewCuts = std::size_t{1} << 16;
 
 /// Two cuts at one place are as one.
@@ -63,7 +59,7 @@ bool CutCollector::isNearVertex(const Vec& p) {
   }
   bool isNearAny = false;
   m_vertices->forEachNear(p, [&](std::size_t k) {
-    isNearAny = isNearAny || isNearer(p, m_clip.raw.points[k], kMergeTolerance);
+    isNearAny = isNearAny || areWithin(p, m_clip.raw.points[k], kMergeTolerance);
   });
   return isNearAny;
 }
@@ -71,9 +67,9 @@ bool CutCollector::isNearVertex(const Vec& p) {
 void CutCollector::addCut(std::size_t i, const Vec& p, bool isWeak) {
   std::vector<Cut>& cuts = m_found.cuts;
   const TravelSegment& segment = m_curve.segments[i];
-  if (isNearer(p, segment.end, kPointTolerance)) {
+  if (areWithin(p, segment.end, kPointTolerance)) {
     cuts.push_back({{i + 1, 0.0, segment.end}, isWeak});
-  } else if (isNearer(p, segment.start, kPointTolerance)) {
+  } else if (areWithin(p, segment.start, kPointTolerance)) {
     cuts.push_back({{i, 0.0, segment.start}, isWeak});
   } else {
     const double t = std::clamp(segment.paramOf(p), 0.0, 1.0);
@@ -192,7 +188,7 @@ CurveCuts CutCollector::run() {
 bool lieAlong(const TravelSegment& a, const TravelSegment& b) {
   if (a.isArc() != b.isArc()) return false;
   if (a.isArc()) {
-    return isNearer(a.center, b.center, kPointTolerance) &&
+    return areWithin(a.center, b.center, kPointTolerance) &&
            std::abs(a.radius - b.radius) <= kPointTolerance &&
            (a.isWithinSweep(b.start) || a.isWithinSweep(b.end) || b.isWithinSweep(a.start));
   }

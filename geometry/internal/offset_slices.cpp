@@ -47,9 +47,7 @@ class SliceCollector {
 
 /// Crossings that rounding has parted leave an empty slice, a collapsed raw offset is one.
 bool SliceCollector::isEmptyUpTo(const RawPlace& place) const {
-  const auto isAtFrom = [&](const Vec& p) {
-    return distanceSqrd(p, m_from.point) <= kPointTolerance * kPointTolerance;
-  };
+  const auto isAtFrom = [&](const Vec& p) { return areWithin(p, m_from.point, kPointTolerance); };
   bool isEmpty = isAtFrom(place.point);
   for (std::size_t i = m_from.segment; isEmpty && i < place.segment; ++i)
     isEmpty = isAtFrom(m_curve.segments[i].end);

@@ -40,9 +40,10 @@ bool PartJudge::isClear(const CurvePart& part) {
   // A short part of a flat arc is straight: it may come nearer than the arc.
   const bool isStraightened = segment.isArc() != m_curve.segments[part.segment].isArc();
   if (standing.kind == Standing::clear && !isStraightened) return true;
-  if (standing.kind == Standing::broken && m_clearance.isWithin(segment.middle(), standing.source))
+  const Vec middle = segment.middle();
+  if (standing.kind == Standing::broken && m_clearance.isWithin(middle, standing.source))
     return false;
-  const BoundedPart bounded(segment);
+  const BoundedPart bounded(segment, middle);
   // What is told of the arc holds for a chord that is no farther from it than this.
   const double rise = kBulgeTolerance * bounded.reach;
   if (isStraightened && rise > kJoinTolerance / 2.0) return !m_clearance.isBroken(bounded);

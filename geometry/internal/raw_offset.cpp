@@ -13,10 +13,6 @@ namespace qdr {
 
 namespace {
 
-bool isWithin(const Vec& a, const Vec& b, double tol) {
-  return distanceSqrd(a, b) <= tol * tol;
-}
-
 /// An arc that the offset would shrink to nothing becomes its chord.
 TravelSegment straightenedIfSwallowed(const TravelSegment& segment, const OffsetRequest& request) {
   const bool turnsToward = segment.bulge * request.direction > 0.0;
@@ -82,19 +78,19 @@ struct SourceRange {
 
 SourceRange sourceRange(const VertexChain& chain, bool closed) {
   const std::vector<Vec>& points = chain.points;
-  const bool repeatsStart = isWithin(points.back(), points.front(), kRepeatTolerance);
+  const bool repeatsStart = areWithin(points.back(), points.front(), kRepeatTolerance);
   const bool returns = closed && !repeatsStart;
   SourceRange range;
   range.count = points.size() - (returns ? 0 : 1);
   range.isLoop =
-      returns || (points.size() > 2 && isWithin(points.back(), points.front(), kPointTolerance));
+      returns || (points.size() > 2 && areWithin(points.back(), points.front(), kPointTolerance));
   return range;
 }
 
 /// The chain itself, bit for bit, with the closing segment as one of its own.
 VertexChain unmoved(const VertexChain& chain, bool closed) {
   VertexChain copy = chain;
-  if (closed && !isWithin(chain.points.back(), chain.points.front(), kRepeatTolerance))
+  if (closed && !areWithin(chain.points.back(), chain.points.front(), kRepeatTolerance))
     copy.add(chain.points.front(), 0.0);
   return copy;
 }
@@ -136,7 +132,7 @@ class PartWriter {
   /// On the side where the parallels part a connector cuts the corner. A short one does no harm.
   void noteGap(const OffsetPart& part, const OffsetPart& follower) {
     if (!m_gaps || !part.hasConnector ||
-        isWithin(part.segment.end, follower.segment.start, kMergeTolerance))
+        areWithin(part.segment.end, follower.segment.start, kMergeTolerance))
       return;
     const double turn =
         cross(part.segment.tangentAtEnd(), follower.segment.tangentAtStart()) * m_request.direction;
@@ -148,7 +144,7 @@ class PartWriter {
     constexpr double kLongChord = 2.0 * kJoinTolerance / kBulgeTolerance;
     const bool isFlat = std::abs(bulge) < 2.0 * kBulgeTolerance;
     return bulge * part.segment.bulge < 0.0 ||
-           (isFlat && !isWithin(part.segment.start, part.segment.end, kLongChord));
+           (isFlat && !areWithin(part.segment.start, part.segment.end, kLongChord));
   }
 
   Box sourceBoxOf(const TravelSegment& moved) const {
@@ -185,7 +181,7 @@ VertexChain withoutNearVertices(const VertexChain& chain, BorderGaps* gaps) {
   kept.points.reserve(chain.size());
   kept.bulges.reserve(chain.size());
   for (std::size_t i = 0; i < chain.size(); ++i) {
-    if (i == 0 || !isWithin(chain.points[i], kept.points.back(), kMergeTolerance)) {
+    if (i == 0 || !areWithin(chain.points[i], kept.points.back(), kMergeTolerance)) {
       kept.add(chain.points[i], chain.bulges[i]);
     } else if (gaps && !(distanceSqrd(chain.points[i], kept.points.back()) == 0.0)) {
       gaps->push_back(boxOfChord(chain.points[i], kept.points.back()));
@@ -227,8 +223,8 @@ VertexChain preparedForOffset(const VertexChain& chain, const OffsetRequest& req
 
 bool joinsSharply(const TravelSegment& segment, const TravelSegment& follower, double distance) {
   const Vec& vertex = follower.start;
-  const bool isMerged = isWithin(segment.start, vertex, kMergeTolerance) ||
-                        isWithin(follower.end, vertex, kMergeTolerance);
+  const bool isMerged = areWithin(segment.start, vertex, kMergeTolerance) ||
+                        areWithin(follower.end, vertex, kMergeTolerance);
   if (isMerged) return false;
   const double turn = cross(segment.tangentAtEnd(), follower.tangentAtStart());
   const OffsetRequest request{distance, turn > 0.0 ? -1 : 1, false};

@@ -63,13 +63,6 @@ std::pair<TravelSegment, TravelSegment> TravelSegment::halves() const {
   return parts;
 }
 
-TravelSegment TravelSegment::part(double from, double to) const {
-  const double partBulge = isArc() ? bulgeOfSweep(sweep() * (to - from)) : 0.0;
-  const Vec a = from == 0.0 ? start : pointAt(from);
-  const Vec b = to == 1.0 ? end : pointAt(to);
-  return makeSegment(a, b, partBulge);
-}
-
 std::vector<TravelSegment> segmentsOf(std::span<const Vec> points, std::span<const double> bulges,
                                       bool closed) {
   std::vector<TravelSegment> segments;

@@ -68,9 +68,6 @@ struct TravelSegment {
 
   /// The parts before and behind the middle, curved even where they are flat.
   std::pair<TravelSegment, TravelSegment> halves() const;
-
-  /// The part between two parameters. Bounds against the travel give the reversed part.
-  TravelSegment part(double from, double to) const;
 };
 
 /// The segment over this chord; a bulge of at most 0.001 in magnitude and a chord of no length

@@ -30,8 +30,13 @@ TEST(TravelSegments, ArcsKnowTheirDirection) {
   EXPECT_NEAR(above.paramOf({std::sqrt(2.0), -std::sqrt(2.0)}), 1.25, 1e-12);
   EXPECT_NEAR(above.bulgeTo({-2, 0}, {0, 2}), -std::tan(std::acos(-1.0) / 8), 1e-12);
   EXPECT_NEAR(below.bulgeTo({-2, 0}, {0, 2}), std::tan(3 * std::acos(-1.0) / 8), 1e-12);
-  EXPECT_NEAR(above.part(0.75, 0.25).bulge, std::tan(std::acos(-1.0) / 8), 1e-12)
-      << "against the travel";
+  const auto [first, second] = above.halves();
+  EXPECT_NEAR(first.bulge, -std::tan(std::acos(-1.0) / 8), 1e-12);
+  EXPECT_NEAR(first.end.y, 2, 1e-12);
+  EXPECT_EQ(second.start.y, first.end.y);
+  EXPECT_NEAR(segment(-2, 0, 0, 0, std::tan(3 * std::acos(-1.0) / 8)).middle().y,
+              -1 - std::sqrt(2.0), 1e-12)
+      << "three quarters about (-1, -1), the middle opposite to the chord";
   EXPECT_EQ(above.box().maxY, 2);
   EXPECT_EQ(above.box().minY, 0);
 }

@@ -176,6 +176,23 @@ TEST(Polyline2d, OnSegAtGivesTheArcsOwnParameter) {
   EXPECT_EQ(chainOf({{0, 0}, {4, 0}, {4, 4}}).isOnSegAt({4, 0}, 1e-6), 0) << "the first of two";
 }
 
+TEST(Polyline2d, ClosestPointsOfArcsMayLieAnAngleBeyondTheEnd) {
+  const Chain half = chainOf({{2, 0, 1}, {-2, 0}});  // upper half, counter-clockwise from angle 0
+  const auto from = [](double angle) {
+    return CQdrGePoint2d(5 * std::cos(angle), 5 * std::sin(angle));
+  };
+  const double pi = std::acos(-1.0);
+  const CQdrGePoint2d beyond = half.closestPointTo(from(pi + 0.0005), 1e-6);
+  EXPECT_NEAR(beyond.y, -0.001, 1e-9) << "within 0.001 of the end the circle goes on";
+  const CQdrGePoint2d end = half.closestPointTo(from(pi + 0.005), 1e-6);
+  EXPECT_EQ(end.x, -2) << "the vertex itself";
+  EXPECT_EQ(end.y, 0);
+  expectPoint(half.closestPointTo(from(2 * pi - 0.0005), 1e-6), 2, 0,
+              "before angle 0 no turn counts");
+  const CQdrGePoint2d inside = half.closestPointTo(from(pi / 3), 1e-6);
+  expectPoint(inside, 1, std::sqrt(3.0), "between the ends");
+}
+
 TEST(Polyline2d, ClosestPointsGoToTheFirstOfEqualSegments) {
   const Chain square = chainOf({{0, 0}, {4, 0}, {4, 4}, {0, 4}}, true);
   int segment = -1;

@@ -108,33 +108,35 @@ TEST(Svg, MitresReachAsFarAsOnTheRaster) {
             std::string::npos);
 }
 
+/// A page with a pen of strokes of 5 and gaps of 2.
+struct DashedPage {
+  DashedPage() { dc.SelectObject(&dashed); }
+
+  static constexpr DWORD kLengths[] = {5, 2};
+  static constexpr LOGBRUSH kInk{BS_SOLID, 0, 0};
+  qdr::SvgSurface surface{smallPage()};
+  CPen dashed{PS_GEOMETRIC | PS_USERSTYLE, 1, &kInk, 2, kLengths};
+  CDC dc{&surface};
+};
+
 TEST(Svg, DashesRunOnOverLines) {
-  qdr::SvgSurface surface(smallPage());
-  CDC dc(&surface);
-  const DWORD lengths[] = {5, 2};
-  const LOGBRUSH ink{BS_SOLID, 0, 0};
-  CPen dashed(PS_GEOMETRIC | PS_USERSTYLE, 1, &ink, 2, lengths);
-  dc.SelectObject(&dashed);
-  dc.MoveTo(1, 1);
-  dc.LineTo(10, 1);
-  dc.LineTo(10, 6);
-  dc.LineTo(20, 6);  // two whole periods have been walked: this is like a beginning
-  dc.MoveTo(20, 6);
-  dc.LineTo(25, 6);
-  EXPECT_NE(surface.document().find("d=\"M1 1L10 1 10 6M10 6L20 6M20 6L25 6\""), std::string::npos);
+  DashedPage page;
+  page.dc.MoveTo(1, 1);
+  page.dc.LineTo(10, 1);
+  page.dc.LineTo(10, 6);
+  page.dc.LineTo(20, 6);  // two whole periods have been walked: this is like a beginning
+  page.dc.MoveTo(20, 6);
+  page.dc.LineTo(25, 6);
+  EXPECT_NE(page.surface.document().find("d=\"M1 1L10 1 10 6M10 6L20 6M20 6L25 6\""),
+            std::string::npos);
 }
 
 TEST(Svg, ADashedRunThatLeavesThePageKeepsItsStart) {
-  qdr::SvgSurface surface(smallPage());
-  CDC dc(&surface);
-  const DWORD lengths[] = {5, 2};
-  const LOGBRUSH ink{BS_SOLID, 0, 0};
-  CPen dashed(PS_GEOMETRIC | PS_USERSTYLE, 1, &ink, 2, lengths);
-  dc.SelectObject(&dashed);
-  dc.MoveTo(1, 1);
-  dc.LineTo(10, 1);
-  dc.LineTo(10, INT32_MAX);
-  EXPECT_NE(surface.document().find("d=\"M1 1L10 1 10 "), std::string::npos);
+  DashedPage page;
+  page.dc.MoveTo(1, 1);
+  page.dc.LineTo(10, 1);
+  page.dc.LineTo(10, INT32_MAX);
+  EXPECT_NE(page.surface.document().find("d=\"M1 1L10 1 10 "), std::string::npos);
 }
 
 TEST(Svg, StaysWellFormedAndBoundedForEverything) {
